@@ -1,0 +1,35 @@
+# How every target of the house is made: one warning set, one include root, one place for sanitizers.
+
+include(GoogleTest OPTIONAL)
+
+add_library(zel_options INTERFACE)
+target_compile_options(zel_options INTERFACE -Wall -Wextra -Werror)
+target_include_directories(zel_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+if(ZEL_SANITIZE)
+  target_compile_options(zel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+  target_link_options(zel_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# zel_library(NAME SOURCES... DEPENDS...): a static library of one source folder.
+function(zel_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;PRIVATE_DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC zel_options ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE_DEPENDS})
+endfunction()
+
+# zel_program(NAME SOURCES... DEPENDS...): an executable.
+function(zel_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE zel_options ${ARG_DEPENDS})
+endfunction()
+
+# zel_test(NAME SOURCES... DEPENDS...): a GoogleTest program whose cases are each known to CTest.
+function(zel_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE zel_options ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+endfunction()
