@@ -29,8 +29,8 @@ struct Translated {
     std::vector<Value> parameters;
 };
 
-/// Makes statements of either dialect run on one engine. Works on tokens: keeps white space, never touches the inside of
-/// a text literal, and lets through what it does not understand, for the engine to refuse.
+/// Makes statements of either dialect run on one engine. Works on tokens: keeps white space, never touches the inside
+/// of a text literal, and lets through what it does not understand, for the engine to refuse.
 ///
 /// Literals behind a comparison, in a value list or an IN list are lifted out as parameters, so that statements of one
 /// shape share one Translation.
