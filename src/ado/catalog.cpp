@@ -11,7 +11,9 @@ const CatalogColumn* CatalogTable::column(std::string_view columnName) const {
     return nullptr;
 }
 
-void Catalog::add(CatalogTable table) { tables_.insert_or_assign(lowerCase(table.name), std::move(table)); }
+void Catalog::add(CatalogTable table) {
+    tables_.insert_or_assign(lowerCase(table.name), std::move(table));
+}
 
 const CatalogTable* Catalog::table(std::string_view name) const {
     std::string key = lowerCase(name);

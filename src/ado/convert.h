@@ -10,8 +10,8 @@
 /// Conversions between values as the forms' language makes them: US texts, fixed, whatever the machine's locale.
 namespace zel::ado {
 
-/// Default text: "7/4/2005", "1:30:00 PM", "7/4/2005 1:30:00 PM", "True", "18.2", up to 15 digits of a double and 7 of a
-/// single ("1E+20" style beyond them). Null gives the empty text, as joining texts does.
+/// Default text: "7/4/2005", "1:30:00 PM", "7/4/2005 1:30:00 PM", "True", "18.2", up to 15 digits of a double and 7 of
+/// a single ("1E+20" style beyond them). Null gives the empty text, as joining texts does.
 [[nodiscard]] std::string toText(const Value& value);
 
 /// Whether the text of the value is a date or a time: "7/4/2005", "07/04/05", "July 4, 2005", "13:30", "1:30 PM",

@@ -30,17 +30,17 @@ inline constexpr std::int32_t loginFailed = static_cast<std::int32_t>(0x80040E4D
 
 /// What went wrong, for code that has to decide; clerks see number and description.
 enum class ErrorKind {
-    Conversion,    ///< a value is not what it should be
-    Statement,     ///< the statement as composed cannot run; nothing was sent or nothing was done
-    Constraint,    ///< the database refused the row
-    Conflict,      ///< optimistic update found the row changed
-    Busy,          ///< another user holds the database
-    ReadOnly,      ///< the database may not be written
-    Lost,          ///< the connection is gone; a read or nothing was under way
+    Conversion,     ///< a value is not what it should be
+    Statement,      ///< the statement as composed cannot run; nothing was sent or nothing was done
+    Constraint,     ///< the database refused the row
+    Conflict,       ///< optimistic update found the row changed
+    Busy,           ///< another user holds the database
+    ReadOnly,       ///< the database may not be written
+    Lost,           ///< the connection is gone; a read or nothing was under way
     UnknownOutcome, ///< the connection is gone while a write was under way; it may or may not have happened
-    Open,          ///< the database could not be opened
-    State,         ///< the operation needs an open object or a current row
-    Engine,        ///< anything else the engine reports
+    Open,           ///< the database could not be opened
+    State,          ///< the operation needs an open object or a current row
+    Engine,         ///< anything else the engine reports
 };
 
 /// Failure of the world below the screens. One family, caught at the event handler that began the work.

@@ -25,9 +25,10 @@ using Bookmark = std::int64_t;
 /// Rows are fetched when the first is needed. Until then a Filter and a Sort only add to the statement, so that the
 /// postings of one person can be taken from a source that names them all. Set later, they work on the rows held.
 ///
-/// Update writes to the base tables that the changed columns come from, through joins and views alike. It is optimistic:
-/// the row is named by its key and the old values, and a row that is not found any more is Error 0x80040E38 with nothing
-/// written. A new row is one row in every base table that got a value. Several tables are written all or none.
+/// Update writes to the base tables that the changed columns come from, through joins and views alike. It is
+/// optimistic: the row is named by its key and the old values, and a row that is not found any more is Error 0x80040E38
+/// with nothing written. A new row is one row in every base table that got a value. Several tables are written all or
+/// none.
 ///
 /// Column names ignore case; of two columns with one name the first is meant.
 class Recordset {
@@ -67,8 +68,8 @@ public:
     /// Throws Error 3001 for a row that is not there (deleted or filtered out rows included).
     void setBookmark(Bookmark row);
 
-    /// `field = value` with = <> < > <= >= like; text in quotes of either kind or #, `*` and `%` as wildcards. Begins with
-    /// the current row, or with the row at `start`; no hit stands at EOF (BOF backwards).
+    /// `field = value` with = <> < > <= >= like; text in quotes of either kind or #, `*` and `%` as wildcards. Begins
+    /// with the current row, or with the row at `start`; no hit stands at EOF (BOF backwards).
     void Find(std::string_view criteria, std::int64_t skipRows = 0,
               SearchDirection direction = SearchDirection::Forward, Bookmark start = 0);
     /// Terms as in Find joined by and, or, brackets, and `is null`. Empty shows all rows. Stands on the first row left.
@@ -100,8 +101,8 @@ public:
     void AddNew();
     void Update();
     void CancelUpdate();
-    /// Deletes the row from the first base table with a key in the statement; the position stays, at EOF or the next row
-    /// only after a move.
+    /// Deletes the row from the first base table with a key in the statement; the position stays, at EOF or the next
+    /// row only after a move.
     void Delete();
     [[nodiscard]] EditModeEnum EditMode() const noexcept;
 

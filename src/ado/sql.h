@@ -27,7 +27,8 @@ private:
 ///
 /// The text is exactly the two joined: nothing is quoted, doubled or bound here, because the wording of the statements
 /// is fixed. The connection asks valueBreaksOut() before it sends anything: a value that would leave its literal
-/// (O'BRIEN between single quotes) is answered with the provider's syntax error instead, so no value can widen a statement.
+/// (O'BRIEN between single quotes) is answered with the provider's syntax error instead, so no value can widen a
+/// statement.
 class Sql {
 public:
     struct Span {
@@ -36,7 +37,8 @@ public:
 
     Sql() = default;
     Sql(Words words) : text_(words.text()) {}
-    /// Text that the program owns though it is not a literal: a column name from a control's tag, a statement kept in one.
+    /// Text that the program owns though it is not a literal: a column name from a control's tag, a statement kept in
+    /// one.
     [[nodiscard]] static Sql words(std::string_view programText);
     /// A value in its default text, put in as it stands.
     [[nodiscard]] static Sql of(std::string_view text);
