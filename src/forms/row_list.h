@@ -1,0 +1,127 @@
+#pragma once
+
+#include "forms/bookmark_set.h"
+#include "forms/row_source.h"
+#include "forms/value_items.h"
+
+#include <deque>
+#include <memory>
+
+namespace zel::forms {
+
+class RowList;
+
+/// A column of a bound list. Without a DataField it shows the field of its caption.
+class ListColumn {
+public:
+    ListColumn(RowList& list, std::string caption, std::string dataField);
+
+    [[nodiscard]] const std::string& Caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] const std::string& DataField() const noexcept { return dataField_; }
+    void setDataField(std::string field);
+    [[nodiscard]] bool Visible() const noexcept { return visible_; }
+    void setVisible(bool visible);
+    /// In twips, 1440 to the inch.
+    [[nodiscard]] int Width() const noexcept { return width_; }
+    void setWidth(int twips);
+    [[nodiscard]] const std::string& NumberFormat() const noexcept { return numberFormat_; }
+    void setNumberFormat(std::string format);
+    forms::ValueItems ValueItems;
+    bool ButtonHeader = false, AllowSizing = true;
+
+    /// Of the chosen row; Null when none is chosen.
+    [[nodiscard]] Value value() const;
+    /// As shown, of the chosen row.
+    [[nodiscard]] std::string Text() const;
+    /// As shown, of any row from 0.
+    [[nodiscard]] std::string cellText(std::int64_t row) const;
+
+private:
+    RowList& list_;
+    std::string caption_, dataField_, numberFormat_;
+    bool visible_ = true;
+    int width_ = 1440;
+};
+
+/// What bound combos, bound lists and drop-downs of grids share: rows of a source shown in columns, one of them chosen.
+/// A mix-in of their control; the control is what observers are told through.
+class RowList {
+public:
+    explicit RowList(Control& face) : face_(face) {}
+    virtual ~RowList() = default;
+
+    /// Binds the rows. Columns that were added stay; where there are none, each column of the source becomes one.
+    void bind(ValueArray& array);
+    void bind(ado::Recordset& records);
+    void bind(Adodc& control);
+    void unbind();
+    [[nodiscard]] bool isBound() const noexcept { return source_ != nullptr; }
+    [[nodiscard]] RowSource* source() const noexcept { return source_.get(); }
+    [[nodiscard]] std::int64_t rowCount() const;
+
+    ListColumn& addColumn(std::string caption, std::string dataField = {});
+    void removeColumns();
+    [[nodiscard]] int columnCount() const noexcept { return static_cast<int>(columns_.size()); }
+    /// By number, or by caption or field without regard to case. Throws ado::Error 3265 for one that is none.
+    [[nodiscard]] ListColumn& Columns(int index);
+    [[nodiscard]] ListColumn& Columns(std::string_view captionOrField);
+    [[nodiscard]] int columnIndex(std::string_view captionOrField) const noexcept;
+
+    /// The field whose value is the text of the list; the first column when empty.
+    [[nodiscard]] const std::string& ListField() const noexcept { return listField_; }
+    void setListField(std::string field);
+    /// The field whose value BoundText gives; the list field when empty.
+    [[nodiscard]] const std::string& BoundColumn() const noexcept { return boundColumn_; }
+    void setBoundColumn(std::string field) { boundColumn_ = std::move(field); }
+
+    /// The chosen row by bookmark, 0 for none. Setting it chooses the row, moves a bound record set there and raises
+    /// ItemChange when it is another one.
+    [[nodiscard]] Bookmark bookmark() const noexcept { return chosen_; }
+    void setBookmark(Bookmark row);
+    /// The same by number from 0, -1 for none.
+    [[nodiscard]] std::int64_t SelectedItem() const;
+    void setSelectedItem(std::int64_t row);
+    /// Value of the bound column in the chosen row as text, "" without one. Setting it chooses the first row with that
+    /// value, or none when there is no such row.
+    [[nodiscard]] std::string BoundText() const;
+    void setBoundText(std::string_view value);
+
+    /// Reads the source anew after it changed. The chosen row stays if it is still there.
+    void ReBind();
+    void Refresh() { ReBind(); }
+    /// Keeps the columns as they are through the next ReBind; lists here always do, so that this is a courtesy.
+    void HoldFields() {}
+
+    /// Text as shown and value as held, of any row and field.
+    [[nodiscard]] std::string listText(std::int64_t row) const;
+    [[nodiscard]] Value fieldValue(std::int64_t row, std::string_view captionOrField) const;
+    /// First row whose column (the list field when empty) reads exactly so, or begins so, letters ignored; -1 for none.
+    /// Among 50,000 rows within a frame.
+    [[nodiscard]] std::int64_t findText(std::string_view text, std::string_view column = {}) const;
+    [[nodiscard]] std::int64_t findPrefix(std::string_view text, std::string_view column = {}) const;
+
+    std::function<void()> ItemChange;
+    std::function<void(int column)> HeadClick;
+
+protected:
+    [[nodiscard]] Control& face() const noexcept { return face_; }
+    /// Chooses without an event. False when the row was the chosen one.
+    bool choose(Bookmark row);
+    virtual void rowChosen() {}
+    virtual void sourceChanged() {}
+
+private:
+    friend class ListColumn;
+    void setSource(std::unique_ptr<RowSource> source);
+    [[nodiscard]] int sourceColumn(std::string_view captionOrField) const;
+    [[nodiscard]] std::string shownText(std::int64_t row, int sourceColumn, const ListColumn* column) const;
+
+    Control& face_;
+    std::unique_ptr<RowSource> source_;
+    std::deque<ListColumn> columns_;
+    std::string listField_, boundColumn_;
+    Bookmark chosen_ = 0;
+};
+
+} // namespace zel::forms

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "forms/row_list.h"
+
+namespace zel::forms {
+
+/// The list that a grid column pulls down in its cells (GridColumn::setDropDown). What is chosen goes into the cell as
+/// the value of the data field; the cell shows the list field where ValueTranslate is on.
+class TDBDropDown : public Control, public RowList {
+public:
+    TDBDropDown(Place place, std::string name, int index = noIndex)
+        : Control(place, std::move(name), index), RowList(static_cast<Control&>(*this)) {}
+    [[nodiscard]] std::string_view typeName() const noexcept override { return "TDBDropDown"; }
+
+    /// The field that is written into the cell; the list field when empty.
+    [[nodiscard]] const std::string& DataField() const noexcept { return dataField_; }
+    void setDataField(std::string field) { dataField_ = std::move(field); }
+    [[nodiscard]] bool ValueTranslate() const noexcept { return valueTranslate_; }
+    void setValueTranslate(bool on) { valueTranslate_ = on; }
+    [[nodiscard]] std::string Text() const;
+    [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
+    [[nodiscard]] std::string_view defaultProperty() const noexcept override { return "Text"; }
+
+    std::function<void()> DropDownOpen, DropDownClose;
+
+private:
+    std::string dataField_;
+    bool valueTranslate_ = false;
+};
+
+} // namespace zel::forms

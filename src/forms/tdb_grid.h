@@ -1,0 +1,141 @@
+#pragma once
+
+#include "ado/error.h"
+#include "forms/bookmark_set.h"
+#include "forms/control.h"
+#include "forms/grid_column.h"
+#include "forms/row_source.h"
+
+#include <deque>
+#include <map>
+#include <memory>
+
+namespace zel::forms {
+
+/// How a row is drawn and whether it can be edited; filled by FetchRowStyle.
+struct RowStyle {
+    int backColor = colors::automatic, foreColor = colors::automatic;
+    bool locked = false;
+};
+
+/// A grid over the rows of a record set or a list. Rows are asked for one by one, so their number does not matter.
+///
+/// A cell edit runs BeforeColEdit, (on the row for a new record BeforeInsert,) Change, BeforeColUpdate, AfterColUpdate,
+/// AfterColEdit. Edits gather in the row, which is written when it is left or with Update: BeforeUpdate, (AfterInsert,)
+/// AfterUpdate. A handler that sets `cancel` in BeforeColUpdate puts the old value back into the cell; in BeforeUpdate
+/// it keeps the row under edit.
+class TDBGrid : public Control {
+public:
+    /// `row()` and the row arguments of a row for a new record.
+    static constexpr std::int64_t newRow = -2, noRow = -1;
+
+    TDBGrid(Place place, std::string name, int index = noIndex);
+    ~TDBGrid() override;
+    [[nodiscard]] std::string_view typeName() const noexcept override { return "TDBGrid"; }
+    [[nodiscard]] bool canTakeFocus() const noexcept override { return true; }
+
+    void bind(Adodc& control);
+    void bind(ado::Recordset& records);
+    void bind(ValueArray& array);
+    void unbind();
+    [[nodiscard]] RowSource* source() const noexcept { return source_.get(); }
+    [[nodiscard]] std::int64_t rowCount() const;
+
+    GridColumn& addColumn(std::string caption, std::string dataField);
+    /// A column without a field, filled by UnboundColumnFetch.
+    GridColumn& addUnboundColumn(std::string caption);
+    void removeColumns();
+    [[nodiscard]] int columnCount() const noexcept { return static_cast<int>(columns_.size()); }
+    /// By number, or by caption or field without regard to case. Throws ado::Error 3265 for one that is none.
+    [[nodiscard]] GridColumn& Columns(int index);
+    [[nodiscard]] GridColumn& Columns(std::string_view captionOrField);
+    [[nodiscard]] int columnIndex(std::string_view captionOrField) const noexcept;
+
+    bool AllowUpdate = true, AllowAddNew = false, AllowDelete = false;
+    /// FetchRowStyle and UnboundColumnFetch are asked only for rows that are drawn.
+    [[nodiscard]] RowStyle rowStyle(std::int64_t row) const;
+    [[nodiscard]] std::string cellText(std::int64_t row, int column) const;
+    [[nodiscard]] Value cellValue(std::int64_t row, int column) const;
+
+    /// The current row from 0, newRow or noRow. Moving writes a changed row first; false when that was refused.
+    [[nodiscard]] std::int64_t row() const;
+    bool setRow(std::int64_t row);
+    [[nodiscard]] Bookmark bookmark() const;
+    bool setBookmark(Bookmark row);
+    [[nodiscard]] int Col() const noexcept { return col_; }
+    void setCol(int column);
+    /// The cell of the current row and column as shown.
+    [[nodiscard]] std::string Text() const;
+    void setText(std::string text);
+    bool MoveFirst();
+    bool MoveLast();
+    bool MoveNext();
+    bool MovePrevious();
+    [[nodiscard]] bool BOF() const noexcept { return bof_; }
+    [[nodiscard]] bool EOF_() const noexcept { return eof_; }
+
+    /// Whether the row has edits that are not written yet.
+    [[nodiscard]] bool DataChanged() const noexcept { return !edits_.empty() || adding_; }
+    /// Writes the row. False when BeforeUpdate refused; a failure of the database goes to Error, see there.
+    bool Update();
+    /// Throws the edits of the row away.
+    void CancelUpdate();
+    /// Deletes the current row through BeforeDelete and AfterDelete.
+    bool Delete();
+    /// Show what the source now holds; edits that are not written are lost.
+    void ReBind();
+    void Refresh() { ReBind(); }
+    /// Runs the statement of the source anew.
+    void ReOpen();
+    void RefetchRow() { CancelUpdate(); }
+    /// Keeps the columns through the next ReBind; grids here always do, so that this is a courtesy.
+    void HoldFields() {}
+
+    /// Why the cell cannot be edited, empty when it can: grid, column and row locks.
+    [[nodiscard]] std::string whyLocked(std::int64_t row, int column) const;
+    /// One cell edit by the clerk in the current row, with all its events. False: refused, the old value is back.
+    bool editCell(int column, std::string text);
+    bool takeKey(int key) override;
+    void focusGoes() override;
+    [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
+    [[nodiscard]] std::string_view defaultProperty() const noexcept override { return "Text"; }
+    void columnsChanged() { notify(Property::Columns); }
+
+    BookmarkSet SelBookmarks;
+
+    std::function<void(int column, bool& cancel)> BeforeColEdit;
+    std::function<void(int column, Value oldValue, bool& cancel)> BeforeColUpdate;
+    std::function<void(int column)> AfterColUpdate, AfterColEdit;
+    std::function<void()> Change;
+    std::function<void(bool&cancel)> BeforeInsert, BeforeUpdate, BeforeDelete;
+    std::function<void()> AfterInsert, AfterUpdate, AfterDelete;
+    std::function<void(Bookmark row, int column, Value& value)> UnboundColumnFetch;
+    std::function<void(Bookmark row, RowStyle& style)> FetchRowStyle;
+    std::function<void(int column)> HeadClick;
+    std::function<void(std::int64_t lastRow, int lastColumn)> RowColChange;
+    std::function<void()> SelChange;
+    /// A write that the database refused; without a handler the ado::Error goes on to the caller of the action.
+    std::function<void(const zel::ado::Error& failure)> Error;
+
+private:
+    friend class GridColumn;
+    void setSource(std::unique_ptr<RowSource> source);
+    [[nodiscard]] Value currentValue(int column) const;
+    [[nodiscard]] Value storedValue(std::int64_t row, int column) const;
+    [[nodiscard]] std::string shownText(const Value& value, const GridColumn& column) const;
+    [[nodiscard]] Value typedValue(const std::string& text, const GridColumn& column) const;
+    void writeCell(int column, const Value& value);
+    bool beginInsert();
+    bool writeRow();
+    void moveTo(std::int64_t row);
+
+    std::unique_ptr<RowSource> source_;
+    std::deque<GridColumn> columns_;
+    std::map<int, Value> edits_; // of the current row, by column
+    std::optional<Value> typed_; // the cell between BeforeColEdit and AfterColUpdate
+    int col_ = 0;
+    std::int64_t row_ = noRow;
+    bool adding_ = false, bof_ = true, eof_ = true;
+};
+
+} // namespace zel::forms
