@@ -50,6 +50,10 @@ public:
 
     Sql& operator+=(const Sql& tail);
     friend Sql operator+(Sql head, const Sql& tail) { return std::move(head += tail); }
+    // A literal on one side of the join.
+    Sql& operator+=(Words tail) { return *this += Sql(tail); }
+    friend Sql operator+(Sql head, Words tail) { return std::move(head += tail); }
+    friend Sql operator+(Words head, const Sql& tail) { return Sql(head) += tail; }
 
     [[nodiscard]] const std::string& text() const noexcept { return text_; }
     [[nodiscard]] bool empty() const noexcept { return text_.empty(); }
