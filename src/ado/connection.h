@@ -47,6 +47,9 @@ public:
     /// Text that is all the program's or the user's own, as typed into the runner's `sql`.
     std::int64_t Execute(std::string_view statement) { return Execute(Sql::words(statement)); }
 
+    /// What usp_getNextNumber gives: the next free key of a table.
+    [[nodiscard]] std::int32_t nextNumber(std::string_view table, std::string_view field);
+
     void setObserver(Observer observer) { observer_ = std::move(observer); }
     /// See Engine::onWait.
     void onWait(std::function<void()> idle);
