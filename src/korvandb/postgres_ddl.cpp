@@ -1,0 +1,59 @@
+#include "ado/convert.h"
+#include "korvandb/ddl.h"
+#include "korvandb/postgres_functions.h"
+
+#include <fmt/format.h>
+
+namespace zel::korvandb {
+
+namespace {
+
+using ado::ColumnType;
+
+class PostgresWords final : public DdlWords {
+public:
+    [[nodiscard]] std::vector<std::string> before() const override {
+        std::vector<std::string> statements = {"CREATE SCHEMA dbo", "CREATE EXTENSION citext WITH SCHEMA dbo",
+                                               "SET LOCAL search_path TO dbo"};
+        return statements;
+    }
+
+    [[nodiscard]] std::vector<std::string> after() const override { return postgresFunctions(); }
+
+    [[nodiscard]] std::string columnType(const Column& column) const override {
+        switch (column.type) {
+        case ColumnType::Integer:
+            return "integer";
+        case ColumnType::Flag:
+            return "smallint";
+        case ColumnType::Double:
+            return "double precision";
+        case ColumnType::Currency:
+            return "numeric(19,4)";
+        case ColumnType::DateTime:
+            return "timestamp";
+        default:
+            return "citext";
+        }
+    }
+
+    [[nodiscard]] std::string object(std::string_view name) const override { return "dbo." + bare(name); }
+    /// Lower case is what an unquoted name means; the quotes are for "primary" and the like.
+    [[nodiscard]] std::string bare(std::string_view name) const override {
+        return fmt::format("\"{}\"", ado::lowerCase(name));
+    }
+    [[nodiscard]] std::string indexName(std::string_view name) const override { return object(name); }
+    /// An entry of an index is limited to a third of a page there, and a remark is not.
+    [[nodiscard]] bool hasWideIndexes() const override { return false; }
+    [[nodiscard]] std::string text(std::string_view expression) const override {
+        return fmt::format("({})::citext", expression);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<DdlWords> postgresWords() {
+    return std::make_unique<PostgresWords>();
+}
+
+} // namespace zel::korvandb
