@@ -5,8 +5,8 @@
 namespace zel::core {
 
 Session::Session(App application, World world)
-    : app(std::move(application)), dialogs(world.dialogs), clock(world.clock), timers(world.timers), files(world.files),
-      processes(world.processes), forms(world.forms), suite(world.suite), gLogFolder(app.Path) {}
+    : app(std::move(application)), forms(world.forms), dialogs(world.dialogs), clock(world.clock), files(world.files),
+      processes(world.processes), suite(world.suite), gLogFolder(app.Path) {}
 
 Session::~Session() = default;
 
@@ -16,6 +16,19 @@ ado::Connection& Session::connection() const {
                          "Operation is not allowed when the object is closed.");
     }
     return *gConnection;
+}
+
+void Session::DoEvents() const {
+    if (frontEnd.DoEvents)
+        frontEnd.DoEvents();
+}
+
+void Session::End() {
+    if (ended_)
+        return;
+    ended_ = true;
+    if (frontEnd.ended)
+        frontEnd.ended();
 }
 
 } // namespace zel::core

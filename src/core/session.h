@@ -2,15 +2,16 @@
 
 #include "ado/connection.h"
 #include "ado/value.h"
+#include "forms/value_array.h"
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace zel::platform {
 class Clock;
-class TimerService;
 class Files;
 class Processes;
 } // namespace zel::platform
@@ -44,13 +45,22 @@ struct App {
 
 /// What the program needs of the world, as interfaces. All outlive the session.
 struct World {
+    forms::FormRegistry& forms;
     forms::Dialogs& dialogs;
     platform::Clock& clock;
-    platform::TimerService& timers;
     platform::Files& files;
     platform::Processes& processes;
-    forms::FormRegistry& forms;
     Suite& suite;
+};
+
+/// What the program asks of its front end; a slot that is empty does nothing.
+struct FrontEnd {
+    /// Handles what waits in the message loop, so that the window stays alive in a long work.
+    std::function<void()> DoEvents;
+    /// Brings the window of the instance that runs already to the front.
+    std::function<void()> activatePrevious;
+    /// The program has ended: the front end leaves its message loop.
+    std::function<void()> ended;
 };
 
 /// The state that all screens of one running program share, under its own names. There is one per program, passed by
@@ -63,13 +73,18 @@ public:
     Session& operator=(const Session&) = delete;
 
     App app;
+    forms::FormRegistry& forms;
     forms::Dialogs& dialogs;
     platform::Clock& clock;
-    platform::TimerService& timers;
     platform::Files& files;
     platform::Processes& processes;
-    forms::FormRegistry& forms;
     Suite& suite;
+    FrontEnd frontEnd;
+
+    void DoEvents() const;
+    /// Ends the program; nothing more is asked of it.
+    void End();
+    [[nodiscard]] bool Ended() const noexcept { return ended_; }
 
     /// The open connection; throws ado::Error (object closed, 3704) when there is none.
     [[nodiscard]] ado::Connection& connection() const;
@@ -148,6 +163,23 @@ public:
 
     /// Codes of the request categories, a comma behind each; Null or empty when not read yet.
     ado::Value gRequestCats;
+
+    // The lists that controls bind to, by their numbers.
+    forms::ValueArray gAccountList;  // 1
+    forms::ValueArray gKindList;     // 2
+    forms::ValueArray gStateList;    // 4
+    forms::ValueArray gIncidentList; // 5
+    forms::ValueArray gStatusList;   // 6
+    forms::ValueArray gAgencyList;   // 7
+    forms::ValueArray gAreaList;     // 8
+    forms::ValueArray gClassList;    // 9
+    forms::ValueArray gRateTypeList; // 10
+    forms::ValueArray gPostableList; // 14
+    /// Columns and rows that the last list loaded has.
+    int gListColumns = 0, gListRows = 0;
+
+private:
+    bool ended_ = false;
 };
 
 } // namespace zel::core

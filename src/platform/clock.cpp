@@ -1,0 +1,42 @@
+#include "platform/clock.h"
+
+#include <chrono>
+#include <ctime>
+
+namespace zel::platform {
+
+namespace {
+
+constexpr double millisecondsPerDay = 86'400'000.0;
+
+} // namespace
+
+ado::DateTime SystemClock::Now() const {
+    const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    std::tm local{};
+    localtime_r(&now, &local);
+    ado::DateParts parts;
+    parts.year = local.tm_year + 1900;
+    parts.month = local.tm_mon + 1;
+    parts.day = local.tm_mday;
+    parts.hour = local.tm_hour;
+    parts.minute = local.tm_min;
+    parts.second = local.tm_sec > 59 ? 59 : local.tm_sec; // a leap second has no place in a DateTime
+    return ado::DateTime::fromParts(parts);
+}
+
+std::int64_t SystemClock::milliseconds() const {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+ado::DateTime ManualClock::Now() const {
+    return now_.addDays(static_cast<double>(elapsed_ - setAt_) / millisecondsPerDay);
+}
+
+void ManualClock::set(ado::DateTime now) {
+    now_ = now;
+    setAt_ = elapsed_;
+}
+
+} // namespace zel::platform

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ado/date_time.h"
+
+#include <cstdint>
+
+namespace zel::platform {
+
+/// The time of day in local time, and a millisecond counter for measuring.
+class Clock {
+public:
+    virtual ~Clock() = default;
+    [[nodiscard]] virtual ado::DateTime Now() const = 0;
+    /// Counts up from some moment in the past, whatever is done to the time of day.
+    [[nodiscard]] virtual std::int64_t milliseconds() const = 0;
+    [[nodiscard]] ado::DateTime Today() const { return Now().date(); }
+};
+
+/// The machine's clock.
+class SystemClock final : public Clock {
+public:
+    [[nodiscard]] ado::DateTime Now() const override;
+    [[nodiscard]] std::int64_t milliseconds() const override;
+};
+
+/// A clock that stands still until it is moved: for tests and for automation.
+class ManualClock final : public Clock {
+public:
+    explicit ManualClock(ado::DateTime now) : now_(now) {}
+    [[nodiscard]] ado::DateTime Now() const override;
+    [[nodiscard]] std::int64_t milliseconds() const override { return elapsed_; }
+    void set(ado::DateTime now);
+    void advance(std::int64_t milliseconds) { elapsed_ += milliseconds; }
+
+private:
+    ado::DateTime now_;
+    std::int64_t elapsed_ = 0, setAt_ = 0;
+};
+
+} // namespace zel::platform
