@@ -7,7 +7,7 @@ namespace zel::platform {
 
 namespace {
 
-constexpr double millisecondsPerDay = 86'400'000.0;
+constexpr std::int64_t secondsPerDay = 86'400;
 
 } // namespace
 
@@ -31,7 +31,16 @@ std::int64_t SystemClock::milliseconds() const {
 }
 
 ado::DateTime ManualClock::Now() const {
-    return now_.addDays(static_cast<double>(elapsed_ - setAt_) / millisecondsPerDay);
+    // By whole seconds of the day, so that a time that was waited for equals the same time written by hand.
+    const ado::DateParts start = now_.parts();
+    const std::int64_t seconds = start.hour * 3600 + start.minute * 60 + start.second + (elapsed_ - setAt_) / 1000;
+    ado::DateParts parts = ado::DateTime::fromDate(start.year, start.month, start.day)
+                               .addDays(static_cast<double>(seconds / secondsPerDay))
+                               .parts();
+    parts.hour = static_cast<int>(seconds % secondsPerDay / 3600);
+    parts.minute = static_cast<int>(seconds / 60 % 60);
+    parts.second = static_cast<int>(seconds % 60);
+    return ado::DateTime::fromParts(parts);
 }
 
 void ManualClock::set(ado::DateTime now) {

@@ -6,10 +6,11 @@
 
 namespace zel::platform {
 
-/// The time of day in local time, and a millisecond counter for measuring.
+/// The one place where the program learns what time it is: local time, and a millisecond counter for measuring.
 class Clock {
 public:
     virtual ~Clock() = default;
+    /// Whole seconds.
     [[nodiscard]] virtual ado::DateTime Now() const = 0;
     /// Counts up from some moment in the past, whatever is done to the time of day.
     [[nodiscard]] virtual std::int64_t milliseconds() const = 0;
@@ -29,6 +30,7 @@ public:
     explicit ManualClock(ado::DateTime now) : now_(now) {}
     [[nodiscard]] ado::DateTime Now() const override;
     [[nodiscard]] std::int64_t milliseconds() const override { return elapsed_; }
+    /// Another time of day. The counter stays, so that no timer falls due by it.
     void set(ado::DateTime now);
     void advance(std::int64_t milliseconds) { elapsed_ += milliseconds; }
 
