@@ -160,6 +160,13 @@ void Json::set(std::string name, Json value) {
     std::get<Object>(data_).emplace_back(std::move(name), std::move(value));
 }
 
+void Json::merge(Json object) {
+    if (auto* members = std::get_if<Object>(&object.data_)) {
+        for (auto& [name, value] : *members)
+            set(std::move(name), std::move(value));
+    }
+}
+
 std::string Json::dump() const {
     std::string out;
     std::visit(Writer{out}, data_);

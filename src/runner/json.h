@@ -33,6 +33,8 @@ public:
     /// For an array and an object; a fresh value becomes one.
     void append(Json item);
     void set(std::string name, Json value);
+    /// Adds the members of another object.
+    void merge(Json object);
 
     /// On one line. Bytes that are not UTF-8 become U+FFFD, so that the line is always valid JSON.
     [[nodiscard]] std::string dump() const;
