@@ -29,7 +29,6 @@ std::string_view openEnded(const std::string& engineText, const sql::Outline& pa
 
 RowSet::RowSet(Connection& connection, const Sql& source, bool writable) : connection_(connection) {
     const Connection::Prepared prepared = connection.prepare(source);
-    statement_ = prepared.statement;
     engineText_ = prepared.translation->engineText;
     parameters_ = prepared.parameters;
     columns_ = prepared.statement->columns();
@@ -68,9 +67,7 @@ void RowSet::addKey() {
         return;
     const Sql key = Sql::words(fmt::format("{} AS {}", quotedName(table.key), addedKeyName));
     engineText_ = sql::withColumns(Sql::words(engineText_), parts, key).text();
-    const std::shared_ptr<PreparedStatement> statement = connection_.prepareNative(engineText_, false);
-    statement_ = statement;
-    columns_ = statement->columns();
+    columns_ = connection_.prepareNative(engineText_, false)->columns();
     tableOf_.emplace_back(0);
     table.keyColumn = visible_;
 }
@@ -92,10 +89,7 @@ RowSet::Fetched RowSet::fetch(const Criteria& filter) {
         connection_.prepareNative(text, false)->query(parameters, *store_);
         return {recognise(firstNew), true};
     }
-    std::shared_ptr<PreparedStatement> statement = statement_.lock();
-    if (!statement)
-        statement = connection_.prepareNative(engineText_, false);
-    statement->query(parameters_, *store_);
+    connection_.prepareNative(engineText_, false)->query(parameters_, *store_);
     return {recognise(firstNew), false};
 }
 

@@ -69,8 +69,7 @@ private:
     [[nodiscard]] std::string identity(RowId row) const;
 
     Connection& connection_;
-    /// The cache of the connection keeps it; it goes when the connection is closed, though rows are still held.
-    std::weak_ptr<PreparedStatement> statement_;
+    /// The prepared statement is the connection's: it goes when that is closed, though rows are still held.
     std::string engineText_;
     std::vector<Value> parameters_;
     std::vector<ResultColumn> columns_;
