@@ -37,6 +37,11 @@ public:
 
     Sql() = default;
     Sql(Words words) : text_(words.text()) {}
+    /// A literal is the program's own; a buffer is not.
+    template <std::size_t N>
+    Sql(const char (&literal)[N]) : text_(literal, N - 1) {}
+    template <std::size_t N>
+    Sql(char (&buffer)[N]) = delete;
     /// Text that the program owns though it is not a literal: a column name from a control's tag, a statement kept in
     /// one.
     [[nodiscard]] static Sql words(std::string_view programText);
@@ -50,10 +55,6 @@ public:
 
     Sql& operator+=(const Sql& tail);
     friend Sql operator+(Sql head, const Sql& tail) { return std::move(head += tail); }
-    // A literal on one side of the join.
-    Sql& operator+=(Words tail) { return *this += Sql(tail); }
-    friend Sql operator+(Sql head, Words tail) { return std::move(head += tail); }
-    friend Sql operator+(Words head, const Sql& tail) { return Sql(head) += tail; }
 
     [[nodiscard]] const std::string& text() const noexcept { return text_; }
     [[nodiscard]] bool empty() const noexcept { return text_.empty(); }

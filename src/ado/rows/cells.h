@@ -29,7 +29,9 @@ namespace zel::ado {
 }
 
 /// Moments are equal when they are the same second, however their fraction of a day was worked out.
-[[nodiscard]] inline double wholeSeconds(double serial) noexcept { return std::round(serial * 86'400.0); }
+[[nodiscard]] inline double wholeSeconds(double serial) noexcept {
+    return std::round(serial * 86'400.0);
+}
 
 /// A cell that is neither Null nor a text, as a number that orders it among its like; moments in seconds.
 [[nodiscard]] inline double cellNumber(const RowStore& rows, std::size_t row, std::size_t column) {

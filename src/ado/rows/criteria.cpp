@@ -11,7 +11,9 @@ namespace {
 
 enum class Truth { False, Unknown, True };
 
-Truth truth(bool holds) { return holds ? Truth::True : Truth::False; }
+Truth truth(bool holds) {
+    return holds ? Truth::True : Truth::False;
+}
 
 bool holds(Comparison comparison, int order) {
     switch (comparison) {

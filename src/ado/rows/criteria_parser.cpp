@@ -251,9 +251,8 @@ private:
         static constexpr struct {
             std::string_view symbol;
             Comparison comparison;
-        } known[] = {{"=", Comparison::Equal},          {"<>", Comparison::NotEqual},
-                     {"<", Comparison::Less},           {"<=", Comparison::LessOrEqual},
-                     {">", Comparison::Greater},        {">=", Comparison::GreaterOrEqual}};
+        } known[] = {{"=", Comparison::Equal},        {"<>", Comparison::NotEqual}, {"<", Comparison::Less},
+                     {"<=", Comparison::LessOrEqual}, {">", Comparison::Greater},   {">=", Comparison::GreaterOrEqual}};
         if (takeWord("like"))
             return Comparison::Like;
         for (const auto& candidate : known)
@@ -266,6 +265,8 @@ private:
         return token_.lexeme == Lexeme::Word &&
                (equalIgnoringCase(token_.text, "true") || equalIgnoringCase(token_.text, "false"));
     }
+
+    static double numberOfWord(std::string_view word) { return equalIgnoringCase(word, "true") ? 1.0 : 0.0; }
 
     [[nodiscard]] Operand operand(ColumnType type, Comparison comparison) const {
         if (token_.lexeme == Lexeme::End || token_.lexeme == Lexeme::Symbol || token_.lexeme == Lexeme::Name ||
@@ -293,7 +294,7 @@ private:
         case ColumnType::Integer:
         case ColumnType::Double:
         case ColumnType::Currency:
-            made.number = isBooleanWord() ? double{equalIgnoringCase(made.text, "true")} : toDouble(made.value);
+            made.number = isBooleanWord() ? numberOfWord(made.text) : toDouble(made.value);
             made.value = *made.number;
             break;
         case ColumnType::DateTime:
@@ -312,7 +313,7 @@ private:
         if (token_.lexeme == Lexeme::Moment)
             made.number = wholeSeconds(toDateTime(made.value).serial());
         else if (isBooleanWord())
-            made.number = double{equalIgnoringCase(made.text, "true")};
+            made.number = numberOfWord(made.text);
         else if (isNumeric(made.value))
             made.number = toDouble(made.value);
     }

@@ -3,7 +3,8 @@
 #include "ado/error.h"
 
 #include <algorithm>
-#include <cassert>
+#include <iterator>
+#include <utility>
 
 namespace zel::ado {
 

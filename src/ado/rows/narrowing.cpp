@@ -70,8 +70,8 @@ private:
     [[nodiscard]] bool isTestableTerm(const Criterion& term) const {
         const ResultColumn& column = columns_[term.column];
         if (column.baseTable.empty() || std::ranges::count_if(columns_, [&](const ResultColumn& other) {
-                return equalIgnoringCase(other.name, column.name);
-            }) != 1)
+                                            return equalIgnoringCase(other.name, column.name);
+                                        }) != 1)
             return false;
         if (term.comparison == Comparison::IsNull)
             return true;

@@ -16,8 +16,8 @@ struct EngineCondition {
     std::vector<Value> parameters;
 };
 
-/// What of a filter the engine may test, so that rows no one asked for are never fetched. The filter is still applied to
-/// what comes, so a part that cannot be put into the engine's words is left out. Nothing when no part can.
+/// What of a filter the engine may test, so that rows no one asked for are never fetched. The filter is still applied
+/// to what comes, so a part that cannot be put into the engine's words is left out. Nothing when no part can.
 ///
 /// Columns are named as those of a subquery called `rowsOfSource`; parameters are numbered from `firstParameter`.
 [[nodiscard]] std::optional<EngineCondition> narrowingCondition(const Criteria& filter,

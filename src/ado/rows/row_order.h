@@ -17,7 +17,8 @@ struct SortKey {
     bool descending = false;
 };
 
-/// "LastName, [First Name] DESC"; empty gives none. Throws Error 3265 for an unknown name, 3001 for anything else wrong.
+/// "LastName, [First Name] DESC"; empty gives none. Throws Error 3265 for an unknown name, 3001 for anything else
+/// wrong.
 [[nodiscard]] std::vector<SortKey> parseSort(std::string_view text, std::span<const ResultColumn> columns);
 
 /// Rows that compare equal keep their order; Null stands first in ascending order; text ignores case.

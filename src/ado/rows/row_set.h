@@ -26,8 +26,8 @@ struct BaseTable {
 /// for as long as any of them is open.
 class RowSet {
 public:
-    /// Prepares the statement, so that a wrong one fails here; fetches nothing. `writable` adds the key of the one table
-    /// that the statement reads when its columns lack it.
+    /// Prepares the statement, so that a wrong one fails here; fetches nothing. `writable` adds the key of the one
+    /// table that the statement reads when its columns lack it.
     RowSet(Connection& connection, const Sql& source, bool writable);
 
     [[nodiscard]] Connection& connection() const noexcept { return connection_; }

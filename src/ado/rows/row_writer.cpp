@@ -93,8 +93,9 @@ void RowWriter::run(std::span<const Write> writes) {
     Connection& connection = rows_.connection();
     const auto runOne = [&](const Write& write) {
         if (connection.prepareNative(write.text, true)->execute(write.parameters) != 1)
-            throw Error(ErrorKind::Conflict, errors::rowNotLocated,
-                        "Row cannot be located for updating. Some values may have been changed since it was last read.");
+            throw Error(
+                ErrorKind::Conflict, errors::rowNotLocated,
+                "Row cannot be located for updating. Some values may have been changed since it was last read.");
     };
     if (writes.size() == 1)
         return runOne(writes.front());
