@@ -14,7 +14,9 @@ inline constexpr int schemaVersion = 50100;
 /// rows. To be run in one transaction; createSqliteFile takes them as they are.
 [[nodiscard]] std::vector<std::string> creationStatements(ado::EngineKind engine);
 
-/// Runs the creation statements on an open, empty database: all of them or none.
+/// Runs the creation statements on an open, empty database: all of them or none. For a new file:
+///
+///     ado::createSqliteFile(file, createTables);
 void createTables(ado::Engine& engine);
 
 } // namespace zel::korvandb

@@ -12,8 +12,7 @@ using ado::ColumnType;
 class SqliteWords final : public DdlWords {
 public:
     [[nodiscard]] std::vector<std::string> before() const override {
-        return {fmt::format("PRAGMA application_id = {}", 0x4B52564E),
-                fmt::format("PRAGMA user_version = {}", schemaVersion)};
+        return {fmt::format("PRAGMA user_version = {}", schemaVersion)};
     }
 
     [[nodiscard]] std::vector<std::string> after() const override { return {}; }
