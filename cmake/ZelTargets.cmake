@@ -25,11 +25,19 @@ function(zel_program name)
   target_link_libraries(${name} PRIVATE zel_options ${ARG_DEPENDS})
 endfunction()
 
-# zel_test(NAME SOURCES... DEPENDS...): a GoogleTest program whose cases are each known to CTest.
+# Tells the tests of a CTest run where their common folder is, see tests/support/run_folder.h.
+set(ZEL_TEST_RUN_NOTE "${CMAKE_BINARY_DIR}/test-run")
+
+# zel_test(NAME SOURCES... DEPENDS...): a GoogleTest program whose cases are each known to CTest. Those that link
+# zel_test_support share the databases' server of the run.
 function(zel_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE zel_options ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+  set(properties TIMEOUT 300)
+  if("zel_test_support" IN_LIST ARG_DEPENDS OR "zel_test_server" IN_LIST ARG_DEPENDS)
+    list(APPEND properties FIXTURES_REQUIRED zel_test_run ENVIRONMENT "ZEL_TEST_RUN=${ZEL_TEST_RUN_NOTE}")
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES ${properties})
 endfunction()

@@ -1,17 +1,13 @@
 #pragma once
 
 #include "ado/engine.h"
+#include "ado/fill_database.h"
 
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace zel::ado {
-
-/// Puts tables and rows into a new, empty database. Begins and commits as it likes: a database that could not be
-/// filled is thrown away whole.
-using FillDatabase = std::function<void(Engine&)>;
 
 /// Makes a new database file. It gets its name only when it is whole, so a failure (a full disk, a wrong statement)
 /// leaves nothing behind and an old file as it was. Throws Error when the file exists, unless `replace`.
