@@ -42,6 +42,7 @@ enum class ErrorKind {
     UnknownOutcome, ///< the connection is gone while a write was under way; it may or may not have happened
     Open,           ///< the database could not be opened
     State,          ///< the operation needs an open object or a current row
+    File,           ///< a file or device could not be read or written
     Engine,         ///< anything else the engine reports
 };
 

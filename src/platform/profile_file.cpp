@@ -2,6 +2,7 @@
 
 #include "ado/convert.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace zel::platform {
@@ -14,10 +15,20 @@ struct Line {
     std::string_view line;
 };
 
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t";
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string_view::npos ? std::string_view{}
+                                           : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
 std::optional<Line> nextLine(std::string_view text, std::size_t from) {
     if (from >= text.size())
         return std::nullopt;
     const std::size_t feed = text.find('\n', from);
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (from == 0 && text.starts_with(byteOrderMark))
+        from = byteOrderMark.size();
     Line line{from, feed == std::string_view::npos ? text.size() : feed + 1, {}};
     line.line = text.substr(from, (feed == std::string_view::npos ? text.size() : feed) - from);
     if (line.line.ends_with('\r'))
@@ -26,16 +37,16 @@ std::optional<Line> nextLine(std::string_view text, std::size_t from) {
 }
 
 std::optional<std::string_view> sectionName(std::string_view line) {
-    line = ado::trim(line);
+    line = trimmed(line);
     if (!line.starts_with('['))
         return std::nullopt;
     line.remove_prefix(1);
-    return ado::trim(line.substr(0, line.find(']')));
+    return trimmed(line.substr(0, line.find(']')));
 }
 
 bool isKey(std::string_view line, std::string_view key) {
     const std::size_t equals = line.find('=');
-    return equals != std::string_view::npos && ado::equalIgnoringCase(ado::trim(line.substr(0, equals)), key);
+    return equals != std::string_view::npos && ado::equalIgnoringCase(trimmed(line.substr(0, equals)), key);
 }
 
 // Where a key stands, or where it would go.
@@ -60,15 +71,36 @@ Spot locate(std::string_view text, std::string_view section, std::string_view ke
                 spot.key = *line;
                 break;
             }
-            if (!ado::trim(line->line).empty())
+            if (!trimmed(line->line).empty())
                 spot.insertAt = line->end;
         }
     }
     return spot;
 }
 
+// The characters that fit into a buffer with a NUL behind them; a character of several bytes goes whole or not at all.
+std::string_view fitting(std::string_view value, std::size_t buffer) {
+    value = value.substr(0, value.find('\0'));
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        const bool begins = (static_cast<unsigned char>(value[i]) & 0xC0U) != 0x80U;
+        if (begins && ++characters == buffer)
+            return value.substr(0, i);
+    }
+    return value;
+}
+
+// A file with control characters is none of ours, or was damaged: it may be read, but is not written.
+bool isText(std::string_view bytes) {
+    return std::none_of(bytes.begin(), bytes.end(), [](char c) {
+        constexpr unsigned char endOfText = 0x1A;
+        const auto code = static_cast<unsigned char>(c);
+        return code < ' ' && c != '\t' && c != '\r' && c != '\n' && c != '\f' && code != endOfText;
+    });
+}
+
 std::string_view valueOf(std::string_view line) {
-    std::string_view value = ado::trim(line.substr(line.find('=') + 1));
+    std::string_view value = trimmed(line.substr(line.find('=') + 1));
     if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front())
         value = value.substr(1, value.size() - 2);
     return value;
@@ -106,21 +138,21 @@ std::string withProfileValue(std::string_view text, std::string_view section, st
 
 std::string readProfile(const Files& files, const std::string& path, std::string_view section, std::string_view key,
                         std::string_view fallback, std::size_t buffer) {
-    std::string value = profileValue(files.read(path).value_or(std::string()), section, key, fallback);
-    if (value.size() >= buffer)
-        value.resize(buffer - 1);
-    return value.substr(0, value.find('\0'));
+    const std::string value = profileValue(files.read(path).value_or(std::string()), section, key, fallback);
+    return std::string(fitting(value, buffer));
 }
 
 void writeProfile(Files& files, const std::string& path, std::string_view section, std::string_view key,
                   std::string_view value, std::size_t buffer) {
     const auto present = files.read(path);
     if (!present && files.fileExists(path))
-        throw FileError("Cannot read " + path);
+        throw FileError(errors::accessDenied, "Cannot read " + path);
     const std::string text = present.value_or(std::string());
-    if (text.find('\0') != std::string::npos || profileValue(text, section, key, "").size() >= buffer)
-        return;
-    std::string changed = withProfileValue(text, section, key, value);
+    if (!isText(text))
+        throw FileError(errors::accessDenied, "Cannot write " + path + ": it is no settings file");
+    const std::string old = profileValue(text, section, key, "");
+    const bool cutInReading = old != value && fitting(old, buffer) == value;
+    const std::string changed = cutInReading ? text : withProfileValue(text, section, key, value);
     if (changed != text || !present)
         files.write(path, changed);
 }

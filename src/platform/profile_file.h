@@ -12,7 +12,8 @@ namespace zel::platform {
 [[nodiscard]] std::string profileValue(std::string_view text, std::string_view section, std::string_view key,
                                        std::string_view fallback);
 
-/// The text with the value set; everything else stays byte for byte. A key that is new goes to the end of its section.
+/// The text with the value set (up to a line break or NUL in it); everything else stays byte for byte. A key that is
+/// new goes to the end of its section. The first of equal sections and keys is meant.
 [[nodiscard]] std::string withProfileValue(std::string_view text, std::string_view section, std::string_view key,
                                            std::string_view value);
 
@@ -20,8 +21,9 @@ namespace zel::platform {
 [[nodiscard]] std::string readProfile(const Files& files, const std::string& path, std::string_view section,
                                       std::string_view key, std::string_view fallback, std::size_t buffer = 255);
 
-/// Sets one value of a file, which is made when it does not exist. A file that is no text, or whose present value is
-/// longer than `buffer` can hold, is left alone. Throws FileError when the file cannot be written.
+/// Sets one value of a file, which is made when it does not exist. A value that is only what a reading with the same
+/// buffer left of a longer one is not written, as that would lose the rest. Throws FileError when the file cannot be
+/// written or is no text; it is as it was then.
 void writeProfile(Files& files, const std::string& path, std::string_view section, std::string_view key,
                   std::string_view value, std::size_t buffer = 255);
 
