@@ -285,14 +285,21 @@ std::vector<LiteralPlan> planLiterals(const Tokens& tokens, const Structure& str
 }
 
 Value boundValue(const Tokens& tokens, const LiteralPlan& plan, EngineKind engine) {
-    const Token& token = tokens[plan.token];
-    if (isNumber(token))
-        return numberFor(signedNumber(tokens, plan), plan.type);
-    std::string text = tokens.literal(plan.token);
-    // In the desktop's patterns "*" stands for any characters, as "%" does; to the server it is a star.
-    if (plan.pattern && engine == EngineKind::Sqlite)
-        std::ranges::replace(text, '*', '%');
-    return textFor(tokens, plan, std::move(text));
+    try {
+        if (isNumber(tokens[plan.token]))
+            return numberFor(signedNumber(tokens, plan), plan.type);
+        std::string text = tokens.literal(plan.token);
+        // In the desktop's patterns "*" stands for any characters, as "%" does; to the server it is a star.
+        if (plan.pattern && engine == EngineKind::Sqlite)
+            std::ranges::replace(text, '*', '%');
+        return textFor(tokens, plan, std::move(text));
+    } catch (const Error& error) {
+        if (error.kind() != ErrorKind::Conversion)
+            throw;
+        throw Error(ErrorKind::Statement, errors::errorsInCommand,
+                    error.description() + ": " + std::string(tokens.spelled(plan.token).substr(0, 80)),
+                    std::string(tokens.text));
+    }
 }
 
 std::string engineLiteral(const Tokens& tokens, const LiteralPlan& plan, EngineKind engine) {

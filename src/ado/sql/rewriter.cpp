@@ -412,7 +412,7 @@ std::string expanded(std::string_view definition, const Catalog& catalog, int de
         return std::string(definition);
     const Structure structure = analyse(tokens);
     std::string out;
-    std::size_t at = 0;
+    std::size_t at = tokens.size() == 0 ? 0 : tokens[0].begin;
     std::vector<SourceTokens> sources;
     for (const Query& query : structure.queries)
         sources.insert(sources.end(), query.sources.begin(), query.sources.end());
