@@ -39,6 +39,8 @@ public:
     void setSort(std::string sort);
     /// Tells the lists and grids that are bound here that rows changed by program.
     void rowsChanged() { notify(Property::Items); }
+    /// Counts up as another record set takes the place of the one before.
+    [[nodiscard]] int openings() const noexcept { return openings_; }
     [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
     [[nodiscard]] std::string_view defaultProperty() const noexcept override { return "RecordSource"; }
 
@@ -47,6 +49,7 @@ private:
     std::string connectionString_, password_;
     ado::Sql source_;
     std::unique_ptr<ado::Recordset> records_;
+    int openings_ = 0;
 };
 
 } // namespace zel::forms

@@ -9,6 +9,7 @@
 namespace zel::forms {
 
 using ado::Bookmark;
+class RowSource;
 
 /// The selected rows of a list or grid, in the order they were selected.
 class BookmarkSet {
@@ -28,7 +29,12 @@ public:
     /// -1 for a row that is not selected.
     [[nodiscard]] int position(Bookmark row) const;
 
+    /// Drops the marks whose rows are not there any more; all of them when the source is another one or opened anew.
+    void follow(const RowSource* source);
+
 private:
+    const RowSource* source_ = nullptr;
+    int generation_ = 0;
     std::vector<Bookmark> rows_;
     std::unordered_map<Bookmark, int> position_;
     std::function<void()> changed_;

@@ -48,7 +48,7 @@ private:
     std::vector<ListItem> items_;
     int listIndex_ = -1;
     Style style_ = Style::DropDown;
-    bool open_ = false;
+    bool open_ = false, quiet_ = false;
 };
 
 } // namespace zel::forms

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace zel::forms {
 
@@ -112,10 +113,9 @@ public:
     /// Called as the focus comes and, before Validate, as it goes; for controls that complete their entry on leaving.
     virtual void focusComes() {}
     virtual void focusGoes() {}
-
-protected:
-    template <typename Slot, typename... Args>
-    static void raise(const Slot& slot, Args&&... args) {
+    /// Raise an event from outside: the user actions and the focus do.
+    template <typename... Args>
+    static void raise(const std::function<void(Args...)>& slot, std::type_identity_t<Args>... args) {
         if (auto handler = slot) // a copy: the handler may set the slot anew
             handler(std::forward<Args>(args)...);
     }

@@ -64,6 +64,9 @@ protected:
     virtual void showModal(Form& form) = 0;
     /// Handles the front end's events until boxOpen() is false.
     virtual void waitForTurn() = 0;
+    /// A front end whose show functions nest event loops calls this as soon as the clerk has answered, so that a
+    /// question held back in an inner loop can go on; it has to end before the outer one can return.
+    void answered() noexcept { open_ = false; }
 
 private:
     class Turn;

@@ -66,6 +66,8 @@ public:
     /// Moves the focus, or takes it from the form with nullptr: Validate and LostFocus of the control left, GotFocus of
     /// the new one. False when the control left keeps it. A move asked for while one is under way follows it.
     bool moveFocus(Control* target);
+    /// Takes the focus, without Validate, from a control that was hidden or disabled.
+    void dropUnreachableFocus();
 
     [[nodiscard]] Subscription observe(Observers::Callback callback) { return observers_.add(std::move(callback)); }
     void notify(Property property) { observers_.notify(property); }
@@ -75,7 +77,7 @@ private:
     friend class FormRegistry;
     void adopt(Control& control);
     void forget(Control& control);
-    bool leaveActive(const Control* target);
+    bool changeFocus(Control* target);
 
     FormRegistry& forms_;
     std::string name_, caption_, tag_;

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zel::platform {
@@ -14,6 +15,8 @@ class TimerService;
 }
 
 namespace zel::forms {
+
+class Menu;
 
 /// Makes screens by name and knows those that are loaded; one per running program.
 class FormRegistry {
@@ -53,18 +56,42 @@ public:
     [[nodiscard]] bool Hourglass() const noexcept { return hourglass_; }
     void setHourglass(bool on);
 
+    /// Shows a pop-up menu where the mouse is; a screen calls it from RightClick. The front end takes it from here.
+    void PopupMenu(Menu& menu) { popup_ = &menu; }
+    [[nodiscard]] Menu* takePopup() noexcept { return std::exchange(popup_, nullptr); }
+
     /// Raised for every form as it becomes loaded and before it is destroyed, and when the active form changes.
     std::function<void(Form&)> formLoaded, formUnloaded;
     std::function<void()> hourglassChanged, activeFormChanged;
 
-    /// Destroys unloaded forms. Called by User when the last event under way has ended.
-    void sweep();
+    /// The length of one action from outside: a clerk's or a timer's. Unloaded forms live until the outermost one ends.
+    class Action {
+    public:
+        explicit Action(FormRegistry& forms) : forms_(forms) { ++forms_.actions_; }
+        ~Action() { forms_.actionEnded(); }
+        Action(const Action&) = delete;
+        Action& operator=(const Action&) = delete;
+
+    private:
+        FormRegistry& forms_;
+    };
+    /// Raised as each action ends, also one inside a modal form: the moment to draw anew what shows record sets, which
+    /// do not tell of each change themselves.
+    std::function<void()> settled;
+
+    /// The form that has to be closed before any other can be used, or nullptr.
+    [[nodiscard]] Form* modalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
 
 private:
+    friend class Dialogs;
     friend class Form;
     void doLoad(Form& form);
     void doUnload(Form& form);
     void activate(Form& form);
+    void deactivate(Form& form);
+    void forget(Form& form);
+    void tellActive(const Form* before);
+    void actionEnded();
 
     Dialogs& dialogs_;
     platform::TimerService& timers_;
@@ -72,7 +99,10 @@ private:
     std::vector<std::unique_ptr<Form>> owned_, unloaded_;
     std::vector<Form*> order_;  // as loaded
     std::vector<Form*> recent_; // the last one used is the last
+    std::vector<Form*> modal_;
     std::string shell_;
+    int actions_ = 0;
+    Menu* popup_ = nullptr;
     bool hourglass_ = false;
 };
 

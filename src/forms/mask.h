@@ -9,8 +9,8 @@ namespace zel::forms {
 
 /// An input mask: which characters may stand where, and which stand there by themselves.
 ///
-/// `#` and `9` a digit, `?` a letter, `a` and `A` a letter or digit, `&` and `C` any character; `>` and `<` make what
-/// follows upper or lower case; `\` takes the next character as it is; everything else is a literal.
+/// `#` and `9` a digit, `?` a letter, `a` and `A` a letter or digit, `&`, `C` and `@` any character; `>` and `<` make
+/// what follows upper or lower case; `\` takes the next character as it is; everything else is a literal.
 class Mask {
 public:
     enum class Kind { Literal, Digit, Letter, Alphanumeric, Any };
@@ -33,11 +33,16 @@ public:
     [[nodiscard]] std::optional<char32_t> fit(int position, char32_t character) const;
     /// The first position from `position` on that can be typed into, size() when there is none.
     [[nodiscard]] int nextFree(int position) const;
+    /// The last one before `position`, -1 when there is none.
+    [[nodiscard]] int previousFree(int position) const;
     /// A whole text laid over the mask, with its literals and prompts or, where it has none, without: "07042005" as
     /// well as "07/04/2005". Nothing when a character does not fit.
     [[nodiscard]] std::optional<std::u32string> lay(std::u32string_view text, char32_t prompt) const;
 
 private:
+    [[nodiscard]] std::optional<std::u32string> layOver(std::u32string_view text, char32_t prompt,
+                                                        bool withLiterals) const;
+
     std::vector<Cell> cells_;
 };
 

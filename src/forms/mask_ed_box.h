@@ -47,6 +47,8 @@ public:
 private:
     [[nodiscard]] char32_t prompt() const;
     void clearRange(std::u32string& cells, int start, int length) const;
+    /// Puts one character at or behind the caret; false when it has no place.
+    bool typeAt(std::u32string& cells, int& caret, char32_t character) const;
 
     std::string pattern_, promptChar_ = "_", format_;
     forms::Mask mask_;

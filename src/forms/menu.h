@@ -24,6 +24,7 @@ public:
     /// Whether the entry can be chosen: enabled with its parents, and visible below a pop-up or menu that may be
     /// hidden.
     [[nodiscard]] bool available() const;
+    [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
 
 private:
     Menu* parent_ = nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/bookmark_set.h"
+#include "forms/control.h"
 #include "forms/row_source.h"
 #include "forms/value_items.h"
 
@@ -36,6 +37,10 @@ public:
     [[nodiscard]] std::string Text() const;
     /// As shown, of any row from 0.
     [[nodiscard]] std::string cellText(std::int64_t row) const;
+    /// Whether it shows values otherwise than as their default text.
+    [[nodiscard]] bool isPlain() const noexcept { return !ValueItems.Translate && numberFormat_.empty(); }
+    /// A value as the column shows it.
+    [[nodiscard]] std::string shown(const Value& value) const;
 
 private:
     RowList& list_;
@@ -52,6 +57,7 @@ public:
     virtual ~RowList() = default;
 
     /// Binds the rows. Columns that were added stay; where there are none, each column of the source becomes one.
+    /// Nothing is read before it is asked for.
     void bind(ValueArray& array);
     void bind(ado::Recordset& records);
     void bind(Adodc& control);
@@ -62,11 +68,13 @@ public:
 
     ListColumn& addColumn(std::string caption, std::string dataField = {});
     void removeColumns();
-    [[nodiscard]] int columnCount() const noexcept { return static_cast<int>(columns_.size()); }
-    /// By number, or by caption or field without regard to case. Throws ado::Error 3265 for one that is none.
+    [[nodiscard]] int columnCount();
+    /// By number, or by caption or field without regard to case. A field of the source that has no column gets a hidden
+    /// one. Throws ado::Error 3265 for one that is none.
     [[nodiscard]] ListColumn& Columns(int index);
     [[nodiscard]] ListColumn& Columns(std::string_view captionOrField);
-    [[nodiscard]] int columnIndex(std::string_view captionOrField) const noexcept;
+    /// -1 for one that is none.
+    [[nodiscard]] int columnIndex(std::string_view captionOrField);
 
     /// The field whose value is the text of the list; the first column when empty.
     [[nodiscard]] const std::string& ListField() const noexcept { return listField_; }
@@ -77,7 +85,7 @@ public:
 
     /// The chosen row by bookmark, 0 for none. Setting it chooses the row, moves a bound record set there and raises
     /// ItemChange when it is another one.
-    [[nodiscard]] Bookmark bookmark() const noexcept { return chosen_; }
+    [[nodiscard]] Bookmark bookmark() const;
     void setBookmark(Bookmark row);
     /// The same by number from 0, -1 for none.
     [[nodiscard]] std::int64_t SelectedItem() const;
@@ -107,21 +115,37 @@ public:
 protected:
     [[nodiscard]] Control& face() const noexcept { return face_; }
     /// Chooses without an event. False when the row was the chosen one.
-    bool choose(Bookmark row);
+    bool choose(std::int64_t row);
+    void chooseAndTell(std::int64_t row);
+    /// Called when another row was chosen, before ItemChange.
     virtual void rowChosen() {}
     virtual void sourceChanged() {}
+    /// A list that is always open stands where its record set stands; a combo keeps its own choice.
+    [[nodiscard]] virtual bool followsSource() const noexcept { return true; }
 
 private:
     friend class ListColumn;
     void setSource(std::unique_ptr<RowSource> source);
+    void ensureColumns();
+    [[nodiscard]] int namedColumn(std::string_view captionOrField) const noexcept;
     [[nodiscard]] int sourceColumn(std::string_view captionOrField) const;
+    [[nodiscard]] int listFieldColumn() const;
+    [[nodiscard]] int boundFieldColumn() const;
+    [[nodiscard]] const ListColumn* columnShowing(int sourceColumn) const;
     [[nodiscard]] std::string shownText(std::int64_t row, int sourceColumn, const ListColumn* column) const;
+    template <typename Matches>
+    [[nodiscard]] std::int64_t firstRow(std::string_view column, Matches&& matches) const;
 
     Control& face_;
     std::unique_ptr<RowSource> source_;
+    Subscription sourceWatch_;
     std::deque<ListColumn> columns_;
+    bool ownColumns_ = false; // made from the source, not by the screen
     std::string listField_, boundColumn_;
-    Bookmark chosen_ = 0;
+    // The chosen row and what its bound column held: bookmarks of a source that was opened anew name other rows.
+    mutable Bookmark chosen_ = 0;
+    mutable bool doubtful_ = false;
+    std::string chosenValue_;
 };
 
 } // namespace zel::forms

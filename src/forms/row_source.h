@@ -30,6 +30,8 @@ public:
     /// The row that the source itself stands on, -1 for none.
     [[nodiscard]] virtual std::int64_t currentRow() const = 0;
     virtual void moveTo(std::int64_t row) = 0;
+    /// Another number once bookmarks taken before name other rows, because the source was opened anew.
+    [[nodiscard]] virtual int generation() const { return 0; }
     /// The record set behind the rows, nullptr for a list in memory or while none is open.
     [[nodiscard]] virtual ado::Recordset* records() const { return nullptr; }
     /// The list behind the rows, nullptr for a record set.

@@ -4,11 +4,14 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zel::forms {
+
+class CommandButton;
 
 /// A box as it was shown and answered, in the words of the automation runner.
 struct ShownBox {
@@ -50,8 +53,10 @@ protected:
     void waitForTurn() override {}
 
 private:
-    /// The next prepared answer, or nothing.
-    bool next(std::string& answer);
+    [[nodiscard]] std::optional<std::string> next();
+    [[nodiscard]] CommandButton* buttonFor(const std::vector<CommandButton*>& buttons, const std::string& answer,
+                                           const ShownBox& box, CommandButton* otherwise) const;
+    void act(Form& form, CommandButton* press, const std::string& commands);
     void misfit(const ShownBox& box, const std::string& answer) const;
 
     std::deque<std::string> answers_;

@@ -32,6 +32,7 @@ public:
     void pick(std::int64_t row);
 
     bool insert(std::string_view text) override;
+    bool erase(bool forward = false) override;
     bool takeKey(int key) override;
     void focusGoes() override;
     [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
@@ -40,6 +41,7 @@ public:
 
 protected:
     void rowChosen() override;
+    [[nodiscard]] bool followsSource() const noexcept override { return false; }
 
 private:
     void chooseTypedRow();

@@ -9,6 +9,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace zel::forms {
 
@@ -19,6 +20,7 @@ struct RowStyle {
 };
 
 /// A grid over the rows of a record set or a list. Rows are asked for one by one, so their number does not matter.
+/// The current row is that of the record set.
 ///
 /// A cell edit runs BeforeColEdit, (on the row for a new record BeforeInsert,) Change, BeforeColUpdate, AfterColUpdate,
 /// AfterColEdit. Edits gather in the row, which is written when it is left or with Update: BeforeUpdate, (AfterInsert,)
@@ -30,7 +32,6 @@ public:
     static constexpr std::int64_t newRow = -2, noRow = -1;
 
     TDBGrid(Place place, std::string name, int index = noIndex);
-    ~TDBGrid() override;
     [[nodiscard]] std::string_view typeName() const noexcept override { return "TDBGrid"; }
     [[nodiscard]] bool canTakeFocus() const noexcept override { return true; }
 
@@ -45,11 +46,13 @@ public:
     /// A column without a field, filled by UnboundColumnFetch.
     GridColumn& addUnboundColumn(std::string caption);
     void removeColumns();
-    [[nodiscard]] int columnCount() const noexcept { return static_cast<int>(columns_.size()); }
+    /// Without columns of its own the grid takes those of its source.
+    [[nodiscard]] int columnCount();
     /// By number, or by caption or field without regard to case. Throws ado::Error 3265 for one that is none.
     [[nodiscard]] GridColumn& Columns(int index);
     [[nodiscard]] GridColumn& Columns(std::string_view captionOrField);
-    [[nodiscard]] int columnIndex(std::string_view captionOrField) const noexcept;
+    /// -1 for one that is none.
+    [[nodiscard]] int columnIndex(std::string_view captionOrField);
 
     bool AllowUpdate = true, AllowAddNew = false, AllowDelete = false;
     /// FetchRowStyle and UnboundColumnFetch are asked only for rows that are drawn.
@@ -75,12 +78,12 @@ public:
     [[nodiscard]] bool EOF_() const noexcept { return eof_; }
 
     /// Whether the row has edits that are not written yet.
-    [[nodiscard]] bool DataChanged() const noexcept { return !edits_.empty() || adding_; }
+    [[nodiscard]] bool DataChanged() const noexcept { return !edits_.empty() || inserting_; }
     /// Writes the row. False when BeforeUpdate refused; a failure of the database goes to Error, see there.
     bool Update();
     /// Throws the edits of the row away.
     void CancelUpdate();
-    /// Deletes the current row through BeforeDelete and AfterDelete.
+    /// Deletes the current row through BeforeDelete and AfterDelete and stands on the next. False: refused, or no row.
     bool Delete();
     /// Show what the source now holds; edits that are not written are lost.
     void ReBind();
@@ -94,9 +97,14 @@ public:
     /// Why the cell cannot be edited, empty when it can: grid, column and row locks.
     [[nodiscard]] std::string whyLocked(std::int64_t row, int column) const;
     /// One cell edit by the clerk in the current row, with all its events. False: refused, the old value is back.
-    bool editCell(int column, std::string text);
+    bool editCell(int column, const std::string& text) { return beginEdit(column) && endEdit(text); }
+    /// The two halves of it: opening the cell, and leaving it with a text.
+    bool beginEdit(int column);
+    bool endEdit(const std::string& text);
+    void cancelEdit();
+    [[nodiscard]] bool editing() const noexcept { return editing_ >= 0; }
     bool takeKey(int key) override;
-    void focusGoes() override;
+    void focusGoes() override { cancelEdit(); }
     [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
     [[nodiscard]] std::string_view defaultProperty() const noexcept override { return "Text"; }
     void columnsChanged() { notify(Property::Columns); }
@@ -120,22 +128,36 @@ public:
 private:
     friend class GridColumn;
     void setSource(std::unique_ptr<RowSource> source);
-    [[nodiscard]] Value currentValue(int column) const;
+    void ensureColumns();
+    [[nodiscard]] int namedColumn(std::string_view captionOrField) const noexcept;
+    [[nodiscard]] int sourceColumn(const GridColumn& column) const;
+    /// Stored, or asked for with UnboundColumnFetch.
     [[nodiscard]] Value storedValue(std::int64_t row, int column) const;
+    /// Of the current row, with its edits.
+    [[nodiscard]] Value currentValue(int column) const;
+    [[nodiscard]] std::string currentText(int column) const;
     [[nodiscard]] std::string shownText(const Value& value, const GridColumn& column) const;
     [[nodiscard]] Value typedValue(const std::string& text, const GridColumn& column) const;
     void writeCell(int column, const Value& value);
     bool beginInsert();
-    bool writeRow();
-    void moveTo(std::int64_t row);
+    /// Writes the edits to the source; throws what the database says.
+    void storeRow();
+    void storeInRecords(ado::Recordset& records);
+    void storeInArray(ValueArray& array);
+    bool leaveRow();
+    void tellMoved(std::int64_t lastRow, int lastColumn);
+    bool moveBy(std::int64_t rows);
 
     std::unique_ptr<RowSource> source_;
+    Subscription sourceWatch_;
     std::deque<GridColumn> columns_;
+    bool ownColumns_ = false;    // made from the source, not by the screen
     std::map<int, Value> edits_; // of the current row, by column
-    std::optional<Value> typed_; // the cell between BeforeColEdit and AfterColUpdate
-    int col_ = 0;
-    std::int64_t row_ = noRow;
-    bool adding_ = false, bof_ = true, eof_ = true;
+    std::optional<Value> typed_; // the cell under edit, inside BeforeColUpdate
+    int col_ = 0, editing_ = -1; // editing_: the column whose cell is open
+    bool onNewRow_ = false;      // the current row is the one for a new record
+    bool inserting_ = false;     // BeforeInsert was raised and the record is not written yet
+    bool bof_ = false, eof_ = false;
 };
 
 } // namespace zel::forms

@@ -27,7 +27,6 @@ public:
     std::function<void()> SelChange;
 
 protected:
-    void rowChosen() override {}
     void sourceChanged() override;
 
 private:

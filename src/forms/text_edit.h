@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/control.h"
+#include "forms/utf8.h"
 
 #include <string>
 
@@ -51,15 +52,5 @@ private:
     int selStart_ = 0, selLength_ = 0, maxLength_ = 0;
     bool locked_ = false;
 };
-
-/// Characters by position in UTF-8 text.
-namespace utf8 {
-[[nodiscard]] int length(std::string_view text) noexcept;
-/// Byte where the character at `position` begins, the size of the text behind the end.
-[[nodiscard]] std::size_t offset(std::string_view text, int position) noexcept;
-[[nodiscard]] std::string encode(int codePoint);
-[[nodiscard]] std::u32string decode(std::string_view text);
-[[nodiscard]] std::string encode(std::u32string_view text);
-} // namespace utf8
 
 } // namespace zel::forms

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "forms/control.h"
-
-#include <memory>
+#include "platform/timer_service.h"
 
 namespace zel::forms {
 
@@ -11,7 +10,6 @@ namespace zel::forms {
 class Timer : public Control {
 public:
     Timer(Place place, std::string name, int index = noIndex);
-    ~Timer() override;
     [[nodiscard]] std::string_view typeName() const noexcept override { return "Timer"; }
     /// 0 for never.
     [[nodiscard]] int Interval() const noexcept { return interval_; }
@@ -24,12 +22,12 @@ public:
     std::function<void()> Fired;
 
 private:
-    struct Running;
     void restart();
     void fire();
 
     int interval_ = 0;
-    std::unique_ptr<Running> running_;
+    bool waiting_ = false; // a tick fell due while a box was open
+    platform::TimerService::Running running_;
 };
 
 } // namespace zel::forms

@@ -2,6 +2,7 @@
 
 #include "forms/control.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,7 +31,8 @@ inline constexpr int first = 0x110000, del = first, left = first + 1, right = fi
 /// whoever drives. Nothing is done, and the reason told, where a clerk could not do it: hidden, disabled, locked, not
 /// there.
 ///
-/// Errors that a screen's handler lets through pass to the caller.
+/// An entry that the screen's own rules refuse was made all the same: the screen has said so in a box and put the old
+/// value back. Errors that a screen's handler lets through pass to the caller.
 class User {
 public:
     explicit User(FormRegistry& forms) : forms_(forms) {}
@@ -68,23 +70,32 @@ public:
     /// Rows of grids count from 0, TDBGrid::newRow is the row for a new record.
     Outcome row(Control& grid, std::int64_t row);
     Outcome editCell(Control& grid, std::int64_t row, std::string_view column, std::string_view text);
+    /// The same in two steps, for a front end with an editor in the cell: beginCell may refuse, endCell takes the text.
+    Outcome beginCell(Control& grid, std::int64_t row, int column);
+    Outcome endCell(Control& grid, std::string_view text);
+    Outcome cancelCell(Control& grid);
     Outcome commitRow(Control& grid);
     Outcome deleteRow(Control& grid);
     Outcome headClick(Control& gridOrList, std::string_view column);
     /// Marks exactly these rows, in this order.
     Outcome selectRows(Control& gridOrList, const std::vector<std::int64_t>& rows);
     Outcome selectAllRows(Control& gridOrList);
-    /// The right mouse button, and the entry of the pop-up menu that the screen then shows.
+    /// The right mouse button, and the entry (by name or caption) of the pop-up menu that the screen then shows.
     Outcome rightClick(Control& target);
-    Outcome popup(Control& target, Menu& entry);
+    Outcome popup(Control& target, std::string_view entry);
+    /// The clerk chose an entry of a menu or of the pop-up menu shown.
+    Outcome choose(Menu& entry);
 
     /// The front end's own closing of a form: its title bar's cross, Escape where no button takes it.
     Outcome close(Form& form);
 
 private:
-    template <typename Action>
-    Outcome act(Action&& action);
     [[nodiscard]] Outcome ready(const Control& target) const;
+    /// Ready, and with the focus where it can have it.
+    Outcome enter(Control& target);
+    void send(Control& target, int key);
+    Outcome readyGrid(Control& target);
+    Outcome pickIn(Control& list, const std::function<std::int64_t()>& find, const std::string& missing);
 
     FormRegistry& forms_;
 };

@@ -1,8 +1,5 @@
 #include "ado/convert.h"
-#include "forms/form.h"
-#include "forms/form_registry.h"
 #include "forms/list_box.h"
-#include "forms/menu.h"
 #include "forms/tdb_grid.h"
 #include "forms/tdb_list.h"
 #include "runner/command_error.h"
@@ -42,40 +39,6 @@ std::int64_t gridRow(const forms::TDBGrid& grid, const std::string& word) {
     return ado::equalIgnoringCase(word, "new") ? forms::TDBGrid::newRow : rowNumber(grid, word);
 }
 
-void requireColumn(const forms::TDBGrid& grid, const std::string& column) {
-    if (grid.columnIndex(column) < 0)
-        throw CommandError(fmt::format("{} has no column {}", grid.fullName(), column));
-}
-
-/// Letters and key marks of a caption do not matter.
-bool isCaption(std::string_view caption, std::string_view wanted) {
-    std::string plain;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == '&' && i + 1 < caption.size())
-            ++i;
-        plain += caption[i];
-    }
-    return ado::equalIgnoringCase(plain, wanted) || ado::equalIgnoringCase(caption, wanted);
-}
-
-/// A top menu that is not shown in the bar is a pop-up menu.
-bool isPopupEntry(const forms::Menu& entry) {
-    const auto* top = entry.parent();
-    while (top != nullptr && top->parent() != nullptr)
-        top = top->parent();
-    return top != nullptr && !top->Visible();
-}
-
-forms::Menu* popupEntry(const forms::Form& screen, const std::string& wanted) {
-    for (auto* control : screen.controls()) {
-        auto* entry = dynamic_cast<forms::Menu*>(control);
-        if (entry != nullptr && isPopupEntry(*entry) &&
-            (ado::equalIgnoringCase(entry->fullName(), wanted) || isCaption(entry->Caption(), wanted)))
-            return entry;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 void row(Context& context, const Words& arguments, Json&) {
@@ -85,7 +48,6 @@ void row(Context& context, const Words& arguments, Json&) {
 
 void cell(Context& context, const Words& arguments, Json&) {
     auto& grid = gridOf(context, arguments[0]);
-    requireColumn(grid, arguments[2]);
     require(context.user.editCell(grid, gridRow(grid, arguments[1]), arguments[2], arguments[3]));
 }
 
@@ -113,14 +75,7 @@ void select(Context& context, const Words& arguments, Json&) {
 }
 
 void popup(Context& context, const Words& arguments, Json&) {
-    auto& target = context.control(arguments[0]);
-    auto* entry = popupEntry(target.form(), arguments[1]);
-    auto* shell = context.program.forms().shell();
-    if (entry == nullptr && shell != nullptr)
-        entry = popupEntry(*shell, arguments[1]);
-    if (entry == nullptr)
-        throw CommandError(fmt::format("no pop-up menu has an entry {}", arguments[1]));
-    require(context.user.popup(target, *entry));
+    require(context.user.popup(context.control(arguments[0]), arguments[1]));
 }
 
 } // namespace zel::runner::grid_commands
