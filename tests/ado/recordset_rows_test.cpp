@@ -5,8 +5,6 @@
 namespace zel::ado {
 namespace {
 
-using RecordsetRows = RecordsetTest;
-
 /// The values of a column over all rows in view, joined by blanks.
 std::string column(Recordset& rows, std::string_view field) {
     std::string joined;
@@ -277,7 +275,7 @@ TEST_P(FivePersons, TheObserverSeesTheStatementOnceAsItIsWorded) {
     EXPECT_EQ(seen, std::vector<std::string>{"select FirstName from Persons"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, FivePersons, testing::Values(EngineKind::Sqlite));
+ZEL_ON_BOTH_ENGINES(FivePersons);
 
 } // namespace
 } // namespace zel::ado

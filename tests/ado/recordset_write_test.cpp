@@ -477,7 +477,7 @@ TEST_P(RecordsetWrite, AnyTextIsStoredAndReadBackUnchanged) {
     EXPECT_EQ(lookUp("select count(*) from Persons"), "7");
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, RecordsetWrite, testing::Values(EngineKind::Sqlite));
+ZEL_ON_BOTH_ENGINES(RecordsetWrite);
 
 } // namespace
 } // namespace zel::ado
