@@ -1,14 +1,12 @@
 #pragma once
 
 #include "ado/engine.h"
+#include "ado/sqlite/link.h"
 #include "ado/sqlite/open.h"
 
-#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
-
-struct sqlite3;
 
 namespace zel::ado::sqlite {
 
@@ -36,31 +34,19 @@ public:
     void commit() override;
     void rollback() noexcept override;
     [[nodiscard]] std::int32_t nextNumber(std::string_view table, std::string_view field) override;
-    void onWait(std::function<void()> idle) override { idle_ = std::move(idle); }
+    void onWait(std::function<void()> idle) override { link_->onWait(std::move(idle)); }
 
     /// One statement without parameters, rows thrown away.
     void run(const std::string& engineText);
-    /// Throws Error (Busy) while a statement waits for another user: the window lives, but the database is taken.
-    void refuseWhileWaiting() const;
 
 private:
-    struct DatabaseCloser {
-        void operator()(sqlite3* database) const noexcept;
-    };
-    static int whenBusy(void* engine, int attempt);
-    [[nodiscard]] bool waitOnce(int attempt);
-    void open(int access);
     void configure();
     void requireOurTables();
     void chooseJournal();
 
     std::filesystem::path file_;
-    std::unique_ptr<sqlite3, DatabaseCloser> database_;
+    std::shared_ptr<Link> link_;
     std::optional<Catalog> catalog_;
-    std::function<void()> idle_;
-    std::chrono::milliseconds patience_;
-    std::chrono::steady_clock::time_point waitingSince_;
-    bool waiting_ = false;
     std::shared_ptr<PreparedStatement> moveNumber_;
 };
 
