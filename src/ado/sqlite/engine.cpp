@@ -69,9 +69,10 @@ std::string SqliteEngine::connectionText() const {
 }
 
 const Catalog& SqliteEngine::catalog() {
-    if (!catalog_)
+    if (!catalogIsRead_)
         catalog_ = readCatalog(*this);
-    return *catalog_;
+    catalogIsRead_ = true;
+    return catalog_;
 }
 
 std::shared_ptr<PreparedStatement> SqliteEngine::prepare(const std::string& engineText, bool /*writes*/) {

@@ -5,7 +5,6 @@
 #include "ado/sqlite/open.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 
 namespace zel::ado::sqlite {
@@ -28,7 +27,7 @@ public:
     [[nodiscard]] EngineKind kind() const noexcept override { return EngineKind::Sqlite; }
     [[nodiscard]] std::string connectionText() const override;
     [[nodiscard]] const Catalog& catalog() override;
-    void refreshCatalog() override { catalog_.reset(); }
+    void refreshCatalog() override { catalogIsRead_ = false; }
     [[nodiscard]] std::shared_ptr<PreparedStatement> prepare(const std::string& engineText, bool writes) override;
     void begin() override;
     void commit() override;
@@ -46,7 +45,9 @@ private:
 
     std::filesystem::path file_;
     std::shared_ptr<Link> link_;
-    std::optional<Catalog> catalog_;
+    /// Read anew in its place: translated statements go on looking at it.
+    Catalog catalog_;
+    bool catalogIsRead_ = false;
     std::shared_ptr<PreparedStatement> moveNumber_;
 };
 
