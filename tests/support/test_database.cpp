@@ -5,6 +5,7 @@
 #include "ado/sqlite/create.h"
 #include "ado/sqlite/open.h"
 #include "korvandb/create.h"
+#include "korvandb/demo.h"
 #include "support/keeper.h"
 #include "support/run_folder.h"
 
@@ -18,11 +19,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* templateName = "zel_template";
+const char* templateOf(Content content) {
+    return content == Content::Demo ? "zel_demo_template" : "zel_template";
+}
 
-fs::path templateFile() {
-    const fs::path file = runFolder() / "template.mdb";
-    onceInRun("template.mdb", [&] { ado::createSqliteFile(file, korvandb::createTables); });
+ado::FillDatabase filling(Content content) {
+    return [content](ado::Engine& engine) {
+        korvandb::createTables(engine);
+        if (content == Content::Demo)
+            korvandb::fillDemo(engine, {}, [](std::string_view, std::int64_t, std::int64_t) {});
+    };
+}
+
+fs::path templateFile(Content content) {
+    const std::string name = fmt::format("{}.mdb", templateOf(content));
+    const fs::path file = runFolder() / name;
+    onceInRun(name, [&] { ado::createSqliteFile(file, filling(content)); });
     return file;
 }
 
@@ -33,15 +45,18 @@ ado::PostgresTarget onRunServer(std::string catalog) {
 
 /// The connection from which databases are made and dropped, one for a test program.
 ado::Engine& serverConnection() {
-    static const std::unique_ptr<ado::Engine> engine = [] {
-        onceInRun(templateName, [] { ado::createPostgresDatabase(onRunServer(templateName), korvandb::createTables); });
-        return ado::openPostgres(onRunServer("postgres"));
-    }();
+    static const std::unique_ptr<ado::Engine> engine = ado::openPostgres(onRunServer("postgres"));
     return *engine;
 }
 
 void runOnServer(const std::string& text) {
     serverConnection().prepare(text, true)->execute({});
+}
+
+const char* templateCatalog(Content content) {
+    const char* name = templateOf(content);
+    onceInRun(name, [&] { ado::createPostgresDatabase(onRunServer(name), filling(content)); });
+    return name;
 }
 
 std::string nextName() {
@@ -51,11 +66,11 @@ std::string nextName() {
 
 } // namespace
 
-TestDatabase::TestDatabase(ado::EngineKind kind) : kind_(kind), name_(nextName()) {
+TestDatabase::TestDatabase(ado::EngineKind kind, Content content) : kind_(kind), name_(nextName()) {
     if (kind_ == ado::EngineKind::Sqlite)
-        fs::copy_file(templateFile(), file());
+        fs::copy_file(templateFile(content), file());
     else
-        runOnServer(fmt::format("CREATE DATABASE {} TEMPLATE {} STRATEGY FILE_COPY", name_, templateName));
+        runOnServer(fmt::format("CREATE DATABASE {} TEMPLATE {} STRATEGY FILE_COPY", name_, templateCatalog(content)));
 }
 
 TestDatabase::~TestDatabase() {

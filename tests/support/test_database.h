@@ -10,11 +10,13 @@
 
 namespace zel::test {
 
-/// A database of one test on either engine: the program's tables, views and lookups, without incidents. It is gone with
-/// this object.
+/// What a database of a test holds beside the tables, views and lookups.
+enum class Content { WithoutIncidents, Demo };
+
+/// A database of one test on either engine: the program's tables, views and lookups. It is gone with this object.
 class TestDatabase {
 public:
-    explicit TestDatabase(ado::EngineKind kind);
+    explicit TestDatabase(ado::EngineKind kind, Content content = Content::WithoutIncidents);
     ~TestDatabase();
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;
