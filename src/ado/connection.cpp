@@ -18,13 +18,14 @@ namespace {
 /// Statements of this many shapes are kept; the screens together have fewer that repeat.
 constexpr std::size_t keptStatements = 256;
 
-/// The statement as it is worded, with nothing lifted out of it.
-sql::Translated asWorded(const std::string& text) {
-    auto shape = std::make_shared<sql::Translation>();
-    shape->engineText = text;
-    const bool select = equalIgnoringCase(trim(text).substr(0, 6), "select");
-    shape->kind = select ? sql::StatementKind::Select : sql::StatementKind::Other;
-    return {std::move(shape), {}};
+/// Failures name the statement as it was composed, not as the engine got it.
+template <typename Action>
+auto namingStatement(const Sql& statement, Action&& action) {
+    try {
+        return action();
+    } catch (const Error& failure) {
+        throw Error(failure.kind(), failure.number(), failure.description(), statement.text());
+    }
 }
 
 } // namespace
@@ -36,6 +37,9 @@ struct Connection::Cache {
     };
     std::list<Entry> entries; // the one used last in front
     std::unordered_map<std::string_view, std::list<Entry>::iterator> byText;
+    sql::Translator translator;
+
+    explicit Cache(Engine& engine) : translator(engine.kind(), engine.catalog()) {}
 
     std::shared_ptr<PreparedStatement> get(Engine& engine, const std::string& engineText, bool writes) {
         if (const auto found = byText.find(engineText); found != byText.end()) {
@@ -90,7 +94,14 @@ void Connection::onWait(std::function<void()> idle) {
 
 std::int64_t Connection::Execute(const Sql& statement) {
     const Prepared prepared = prepare(statement);
-    return prepared.statement->execute(prepared.parameters);
+    const std::int64_t rows =
+        namingStatement(statement, [&] { return prepared.statement->execute(prepared.parameters); });
+    // It may have made or changed tables: what was read of them and translated by it is no longer sure.
+    if (prepared.translation->kind == sql::StatementKind::Other) {
+        cache_.reset();
+        engine().refreshCatalog();
+    }
+    return rows;
 }
 
 std::int32_t Connection::nextNumber(std::string_view table, std::string_view field) {
@@ -110,17 +121,19 @@ Connection::Prepared Connection::prepare(const Sql& statement) {
             "Syntax error in the statement: a value ends its own text early, as a quotation mark in a name does.",
             statement.text());
     if (!cache_)
-        cache_ = std::make_unique<Cache>();
-    sql::Translated translated = asWorded(statement.text());
-    const bool writes = translated.shape->kind != sql::StatementKind::Select;
-    return {cache_->get(open, translated.shape->engineText, writes), translated.shape,
-            std::move(translated.parameters)};
+        cache_ = std::make_unique<Cache>(open);
+    return namingStatement(statement, [&]() -> Prepared {
+        sql::Translated translated = cache_->translator.translate(statement.text());
+        const bool writes = translated.shape->kind != sql::StatementKind::Select;
+        return {cache_->get(open, translated.shape->engineText, writes), translated.shape,
+                std::move(translated.parameters)};
+    });
 }
 
 std::shared_ptr<PreparedStatement> Connection::prepareNative(const std::string& engineText, bool writes) {
     Engine& open = engine();
     if (!cache_)
-        cache_ = std::make_unique<Cache>();
+        cache_ = std::make_unique<Cache>(open);
     return cache_->get(open, engineText, writes);
 }
 

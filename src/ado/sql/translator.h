@@ -39,7 +39,8 @@ public:
     Translator(EngineKind engine, const Catalog& catalog);
     ~Translator();
 
-    /// Throws Error (0x80040E14) for text that must not be sent: NUL, no UTF-8, a second statement behind ";".
+    /// Throws Error (0x80040E14) for text that must not be sent: NUL, no UTF-8, a second statement behind ";", a text
+    /// or date that is not closed, a parameter without a value, a date that is none beside a date column.
     [[nodiscard]] Translated translate(std::string_view statement);
 
 private:
