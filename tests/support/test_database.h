@@ -2,6 +2,8 @@
 
 #include "ado/connection.h"
 #include "ado/engine.h"
+#include "support/content.h"
+#include "support/postgres_slot.h"
 
 #include <chrono>
 #include <filesystem>
@@ -9,9 +11,6 @@
 #include <string>
 
 namespace zel::test {
-
-/// What a database of a test holds beside the tables, views and lookups.
-enum class Content { WithoutIncidents, Demo };
 
 /// A database of one test on either engine: the program's tables, views and lookups. It is gone with this object.
 class TestDatabase {
@@ -37,7 +36,8 @@ public:
 
 private:
     ado::EngineKind kind_;
-    std::string name_;
+    std::filesystem::path file_;
+    std::unique_ptr<PostgresSlot> slot_;
     ado::Connection connection_;
 };
 
