@@ -8,13 +8,6 @@ namespace zel::korvandb {
 
 namespace {
 
-std::string nameOf(const Table& table, const Index& index) {
-    std::string name = "ix_" + table.name;
-    for (const std::string& column : index.columns)
-        name += "_" + column;
-    return name;
-}
-
 std::string columnLine(const Column& column, const DdlWords& words) {
     std::string line = words.bare(column.name) + " " + words.columnType(column);
     if (column.required || (column.primary && !column.isKey()))
@@ -62,6 +55,13 @@ std::unique_ptr<DdlWords> ddlWords(ado::EngineKind engine) {
     return engine == ado::EngineKind::Sqlite ? sqliteWords() : postgresWords();
 }
 
+std::string indexName(const Table& table, const Index& index) {
+    std::string name = "ix_" + table.name;
+    for (const std::string& column : index.columns)
+        name += "_" + column;
+    return name;
+}
+
 std::string createTable(const Table& table, const DdlWords& words) {
     std::string statement = "CREATE TABLE " + words.object(table.name) + " (";
     std::string_view separator = "\n    ";
@@ -80,7 +80,7 @@ std::string createIndex(const Table& table, const Index& index, const DdlWords& 
             if (!column.primary && !holds(index.columns, column.name))
                 columns.push_back(column.name);
     std::string statement = index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
-    statement += words.bare(nameOf(table, index)) + " ON " + words.object(table.name);
+    statement += words.bare(indexName(table, index)) + " ON " + words.object(table.name);
     std::string_view separator = " (";
     for (const std::string& column : columns) {
         statement += separator;
@@ -91,7 +91,7 @@ std::string createIndex(const Table& table, const Index& index, const DdlWords& 
 }
 
 std::string dropIndex(const Table& table, const Index& index, const DdlWords& words) {
-    return "DROP INDEX " + words.indexName(nameOf(table, index));
+    return "DROP INDEX " + words.indexObject(indexName(table, index));
 }
 
 std::string createView(const View& view, const DdlWords& words) {

@@ -25,7 +25,7 @@ public:
     /// A column, or an index where only its bare name may stand.
     [[nodiscard]] virtual std::string bare(std::string_view name) const = 0;
     /// An index is named with its schema, or in the schema of its table.
-    [[nodiscard]] virtual std::string indexName(std::string_view name) const = 0;
+    [[nodiscard]] virtual std::string indexObject(std::string_view name) const = 0;
     [[nodiscard]] virtual bool hasWideIndexes() const = 0;
     /// An expression whose text is to compare without regard to case.
     [[nodiscard]] virtual std::string text(std::string_view expression) const = 0;
@@ -37,6 +37,7 @@ public:
 
 /// The statements that make the tables, indexes and views of an empty database, in order.
 [[nodiscard]] std::vector<std::string> ddl(const Schema& schema, ado::EngineKind engine);
+[[nodiscard]] std::string indexName(const Table& table, const Index& index);
 [[nodiscard]] std::string createTable(const Table& table, const DdlWords& words);
 [[nodiscard]] std::string createIndex(const Table& table, const Index& index, const DdlWords& words);
 [[nodiscard]] std::string dropIndex(const Table& table, const Index& index, const DdlWords& words);

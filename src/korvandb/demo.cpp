@@ -7,43 +7,48 @@ namespace zel::korvandb {
 
 namespace {
 
-/// Building the indexes once is many times faster than keeping them while a million rows come in.
-class WithoutIndexes {
+/// Building an index once is many times faster than keeping it while a million rows come in.
+class IndexesAside {
 public:
-    WithoutIndexes(ado::Engine& engine, const Table& table)
-        : engine_(engine), table_(table), words_(ddlWords(engine.kind())) {
-        for (const Index& index : table_.indexes)
-            run(dropIndex(table_, index, *words_));
+    IndexesAside(ado::Engine& engine, std::vector<std::string> tables)
+        : engine_(engine), tables_(std::move(tables)), words_(ddlWords(engine.kind())) {
+        forEach([this](const Table& table, const Index& index) { run(dropIndex(table, index, *words_)); });
     }
 
-    void rebuild() {
-        for (const Index& index : table_.indexes)
-            run(createIndex(table_, index, *words_));
+    void rebuild(const Progress& progress) {
+        std::int64_t built = 0;
+        forEach([&](const Table& table, const Index& index) {
+            progress("indexes", built++, 0);
+            run(createIndex(table, index, *words_));
+        });
     }
 
 private:
+    template <typename Work>
+    void forEach(Work work) const {
+        for (const std::string& name : tables_)
+            for (const Index& index : theSchema().table(name)->indexes)
+                work(*theSchema().table(name), index);
+    }
     void run(const std::string& statement) { engine_.prepare(statement, true)->execute({}); }
 
     ado::Engine& engine_;
-    const Table& table_;
+    std::vector<std::string> tables_;
     std::unique_ptr<DdlWords> words_;
 };
 
 void write(ado::Engine& engine, const DemoSize& size, const Progress& progress) {
-    WithoutIndexes postings(engine, *theSchema().table("PersonsPost"));
+    IndexesAside indexes(engine, {"Resources", "Persons", "PersonsPost", "PersonsDebit"});
     DemoWorld world(engine, size);
     writeIncidents(world);
-    writeIndividuals(world);
-    progress("persons", size.persons, size.persons);
+    writeIndividuals(world, progress);
     writeCrews(world);
     writeContracts(world);
     writePersonPostings(world, progress);
     writeContractPostings(world);
     writeDebits(world);
     world.finish();
-    progress("indexes", 0, 1);
-    postings.rebuild();
-    progress("indexes", 1, 1);
+    indexes.rebuild(progress);
 }
 
 } // namespace

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "ado/engine.h"
-
-#include <cstdint>
-#include <functional>
-#include <string_view>
+#include "korvandb/progress.h"
 
 namespace zel::korvandb {
 
@@ -13,9 +10,6 @@ struct DemoSize {
     int persons = 60;
     int days = 14;
 };
-
-/// Told now and then how far long work has come.
-using Progress = std::function<void(std::string_view work, std::int64_t done, std::int64_t total)>;
 
 /// Fills the tables of a new database with two incidents and their people, contracts, postings, debits and invoices.
 /// The same size always gives the same rows, on both engines. All or nothing.

@@ -17,11 +17,10 @@ void writeAgreement(DemoWorld& world, const DemoRow& row, int contractor, int in
 }
 
 void writeContractors(DemoWorld& world) {
-    const std::vector<DemoRow> towns = world.texts.rows("Towns");
     for (const DemoRow& row : world.texts.rows("Contractors")) {
         const int key = world.contractors.nextKey();
         const int incident = row.number("Incident") - 1;
-        const DemoRow& town = towns[static_cast<std::size_t>(row.number("Town") - 1)];
+        const DemoRow& town = world.towns[static_cast<std::size_t>(row.number("Town") - 1)];
         world.contractors.rows().add({key, world.incidentList[static_cast<std::size_t>(incident)].id, row.cell("Name"),
                                       row.cell("Number"), row.cell("Addr"), town.cell("City"), town.cell("State"),
                                       fmt::format("{}-{:04}", town.text("Zip"), 100 + key),

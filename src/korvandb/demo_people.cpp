@@ -33,8 +33,7 @@ std::string ssnOf(int person) {
 }
 
 Pay payPlan(DemoWorld& world, int person) {
-    const std::vector<DemoRow> plan = world.texts.rows("L_ClassRates");
-    const DemoRow& chosen = plan[static_cast<std::size_t>(world.random.below(static_cast<int>(plan.size())))];
+    const DemoRow& chosen = world.random.of(world.payPlan);
     Currency rate = chosen.money("Rate");
     if (rate == Currency()) // AD-5: by hand
         rate = Currency::fromTicks(300'000 + person % 40 * 2'500);
@@ -61,9 +60,8 @@ Value statusOf(int person) {
 
 int writePerson(DemoWorld& world, const Member& member, const Value& status, const std::string& first,
                 const std::string& last) {
-    static const std::vector<DemoRow> towns = world.texts.rows("Towns");
     const int key = world.persons.nextKey();
-    const DemoRow& town = world.random.of(towns);
+    const DemoRow& town = world.random.of(world.towns);
     const bool overhead = member.requestNumber.starts_with('O');
     const bool ad = member.pay.fedCode == "AD";
     world.persons.rows().add({key,
@@ -113,15 +111,14 @@ std::vector<std::string> positionsOf(const DemoWorld& world) {
 }
 
 void writeMembers(DemoWorld& world, Member member, int count, int shift) {
-    const std::vector<std::string> first = world.texts.list("FirstNames", "Name");
-    const std::vector<std::string> last = world.texts.list("LastNames", "Name");
     const std::string crewNumber = member.requestNumber;
     for (int i = 1; i <= count; ++i) {
         member.requestNumber = fmt::format("{}.{}", crewNumber, i);
         member.kind = i == 1 ? "CRWB" : i <= 3 ? "FFT1" : "FFT2";
         if (member.pay.fedCode == "AD")
             member.pay = payPlan(world, i);
-        const int key = writePerson(world, member, "C", world.random.of(first), world.random.of(last));
+        const int key =
+            writePerson(world, member, "C", world.random.of(world.firstNames), world.random.of(world.lastNames));
         if (i == 1)
             member.leader = key;
         if (shift >= 0)
@@ -133,12 +130,12 @@ void writeMembers(DemoWorld& world, Member member, int count, int shift) {
 
 } // namespace
 
-void writeIndividuals(DemoWorld& world) {
-    const std::vector<std::string> first = world.texts.list("FirstNames", "Name");
-    const std::vector<std::string> last = world.texts.list("LastNames", "Name");
+void writeIndividuals(DemoWorld& world, const Progress& progress) {
     const std::vector<std::string> positions = positionsOf(world);
     const std::vector<std::string> agencies = {"FORS", "FLND", "STFO", "CNTY", "TRIB", "CITY"};
     for (int person = 0; person < world.size.persons; ++person) {
+        if (person % 1'000 == 0)
+            progress("persons", person, world.size.persons);
         const DemoIncident& incident = world.incidentList[person % 3 == 2 ? 1 : 0];
         Member member{world.resources.nextKey(),
                       0,
@@ -147,7 +144,7 @@ void writeIndividuals(DemoWorld& world) {
                       world.random.of(positions),
                       world.random.of(agencies),
                       payOf(world, person)};
-        const std::string firstName = world.random.of(first), lastName = world.random.of(last);
+        const std::string firstName = world.random.of(world.firstNames), lastName = world.random.of(world.lastNames);
         const Value status = statusOf(person);
         const bool contractedHere = person % 10 == 4;
         world.resources.rows().add({member.resource, incident.id, lastName + "," + firstName, member.requestNumber,

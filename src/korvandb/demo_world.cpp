@@ -3,7 +3,8 @@
 namespace zel::korvandb {
 
 DemoWorld::DemoWorld(ado::Engine& demoEngine, const DemoSize& demoSize)
-    : engine(demoEngine), size(demoSize),
+    : engine(demoEngine), size(demoSize), firstNames(texts.list("FirstNames", "Name")),
+      lastNames(texts.list("LastNames", "Name")), towns(texts.rows("Towns")), payPlan(texts.rows("L_ClassRates")),
       incidents(engine, "Incidents",
                 "IncidentID IncidentNumber IncidentName IncidentLocation IncidentState StartDate AdminName AdminAddr1 "
                 "AdminCity AdminState AdminZip"),

@@ -83,6 +83,8 @@ struct DemoWorld {
     ado::Engine& engine;
     DemoSize size;
     DemoTexts texts;
+    std::vector<std::string> firstNames, lastNames;
+    std::vector<DemoRow> towns, payPlan;
     DemoRandom random{20050701};
 
     DemoTable incidents, accounts, resources, persons, equipment, rateLines, contractors, agreements, offices;
@@ -96,7 +98,7 @@ struct DemoWorld {
 };
 
 void writeIncidents(DemoWorld& world);
-void writeIndividuals(DemoWorld& world);
+void writeIndividuals(DemoWorld& world, const Progress& progress);
 void writeCrews(DemoWorld& world);
 /// People of a piece of equipment or a contract crew: the contractor is paid for them.
 void writeOperators(DemoWorld& world, int resource, int account, const std::string& requestNumber, int count);

@@ -42,7 +42,7 @@ public:
     [[nodiscard]] std::string bare(std::string_view name) const override {
         return fmt::format("\"{}\"", ado::lowerCase(name));
     }
-    [[nodiscard]] std::string indexName(std::string_view name) const override { return object(name); }
+    [[nodiscard]] std::string indexObject(std::string_view name) const override { return object(name); }
     /// An entry of an index is limited to a third of a page there, and a remark is not.
     [[nodiscard]] bool hasWideIndexes() const override { return false; }
     [[nodiscard]] std::string text(std::string_view expression) const override {

@@ -2,8 +2,6 @@
 
 #include "ado/connection.h"
 #include "ado/engine.h"
-#include "support/content.h"
-#include "support/postgres_slot.h"
 
 #include <chrono>
 #include <filesystem>
@@ -12,10 +10,11 @@
 
 namespace zel::test {
 
-/// A database of one test on either engine: the program's tables, views and lookups. It is gone with this object.
+/// A database of one test on either engine: the program's tables, views and lookups, without incidents. It is gone with
+/// this object.
 class TestDatabase {
 public:
-    explicit TestDatabase(ado::EngineKind kind, Content content = Content::WithoutIncidents);
+    explicit TestDatabase(ado::EngineKind kind);
     ~TestDatabase();
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;
@@ -36,8 +35,7 @@ public:
 
 private:
     ado::EngineKind kind_;
-    std::filesystem::path file_;
-    std::unique_ptr<PostgresSlot> slot_;
+    std::string name_;
     ado::Connection connection_;
 };
 

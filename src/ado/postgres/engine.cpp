@@ -14,10 +14,13 @@ PostgresEngine::~PostgresEngine() {
 }
 
 const ServerTables& PostgresEngine::tables() {
-    if (!tablesAreRead_)
+    if (!tables_)
         tables_ = readTables(*this);
-    tablesAreRead_ = true;
-    return tables_;
+    return *tables_;
+}
+
+void PostgresEngine::refreshCatalog() {
+    tables_.reset();
 }
 
 std::shared_ptr<PreparedStatement> PostgresEngine::prepare(const std::string& engineText, bool writes) {

@@ -42,8 +42,7 @@ private:
     void concatenation(std::size_t operation);
     void patterns();
     void joins();
-    [[nodiscard]] bool turnAround(std::size_t join, std::size_t on);
-    [[nodiscard]] bool hasStar(std::size_t query) const;
+    void leadingBrackets();
     void orders();
     void orderItem(std::size_t first, std::size_t last);
     void views();

@@ -2,20 +2,20 @@
 
 #include "ado/engine.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
+struct sqlite3;
 struct sqlite3_stmt;
 
 namespace zel::ado::sqlite {
 
-class Link;
+class SqliteEngine;
 
-/// A statement of one file.
+/// A statement of one file. It must not outlive its engine.
 class SqliteStatement final : public PreparedStatement {
 public:
-    SqliteStatement(std::shared_ptr<Link> link, const std::string& text);
+    SqliteStatement(SqliteEngine& engine, sqlite3* database, const std::string& text);
     ~SqliteStatement() override;
     SqliteStatement(const SqliteStatement&) = delete;
     SqliteStatement& operator=(const SqliteStatement&) = delete;
@@ -29,7 +29,8 @@ private:
     [[nodiscard]] bool step();
     void readColumns();
 
-    std::shared_ptr<Link> link_;
+    SqliteEngine& engine_;
+    sqlite3* database_;
     sqlite3_stmt* statement_ = nullptr;
     std::vector<ResultColumn> columns_;
     /// The engine prepares again by itself when a table changed; the columns are then read anew.
