@@ -18,6 +18,16 @@ namespace {
 /// Statements of this many shapes are kept; the screens together have fewer that repeat.
 constexpr std::size_t keptStatements = 256;
 
+/// Failures name the statement as it was composed, not as the engine got it.
+template <typename Action>
+auto namingStatement(const Sql& statement, Action&& action) {
+    try {
+        return action();
+    } catch (const Error& failure) {
+        throw Error(failure.kind(), failure.number(), failure.description(), statement.text());
+    }
+}
+
 } // namespace
 
 struct Connection::Cache {
@@ -84,7 +94,8 @@ void Connection::onWait(std::function<void()> idle) {
 
 std::int64_t Connection::Execute(const Sql& statement) {
     const Prepared prepared = prepare(statement);
-    const std::int64_t rows = prepared.statement->execute(prepared.parameters);
+    const std::int64_t rows =
+        namingStatement(statement, [&] { return prepared.statement->execute(prepared.parameters); });
     // It may have made or changed tables: what was read of them and translated by it is no longer sure.
     if (prepared.translation->kind == sql::StatementKind::Other) {
         cache_.reset();
@@ -111,10 +122,12 @@ Connection::Prepared Connection::prepare(const Sql& statement) {
             statement.text());
     if (!cache_)
         cache_ = std::make_unique<Cache>(open);
-    sql::Translated translated = cache_->translator.translate(statement.text());
-    const bool writes = translated.shape->kind != sql::StatementKind::Select;
-    return {cache_->get(open, translated.shape->engineText, writes), translated.shape,
-            std::move(translated.parameters)};
+    return namingStatement(statement, [&]() -> Prepared {
+        sql::Translated translated = cache_->translator.translate(statement.text());
+        const bool writes = translated.shape->kind != sql::StatementKind::Select;
+        return {cache_->get(open, translated.shape->engineText, writes), translated.shape,
+                std::move(translated.parameters)};
+    });
 }
 
 std::shared_ptr<PreparedStatement> Connection::prepareNative(const std::string& engineText, bool writes) {

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] DateTime time() const;
     [[nodiscard]] DateTime addDays(double days) const { return DateTime(serial_ + days); }
 
-    friend constexpr auto operator<=>(DateTime, DateTime) noexcept = default;
+    friend constexpr auto operator<=>(DateTime, DateTime) noexcept = default; // NOLINT(modernize-use-nullptr)
 
 private:
     double serial_ = 0.0;

@@ -10,6 +10,17 @@ Session::Session(App application, World world)
 
 Session::~Session() = default;
 
+void Session::adopt(std::shared_ptr<ado::Connection> connection) {
+    gConnection = std::move(connection);
+    if (!gConnection)
+        return;
+    gConnection->setObserver([this](const std::string& statement) {
+        if (frontEnd.statements)
+            frontEnd.statements(statement);
+    });
+    gConnection->onWait([this] { DoEvents(); });
+}
+
 ado::Connection& Session::connection() const {
     if (!gConnection) {
         throw ado::Error(ado::ErrorKind::State, ado::errors::objectClosed,

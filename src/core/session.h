@@ -61,6 +61,18 @@ struct FrontEnd {
     std::function<void()> activatePrevious;
     /// The program has ended: the front end leaves its message loop.
     std::function<void()> ended;
+    /// Sees each statement as composed, on whatever connection is open.
+    ado::Connection::Observer statements;
+};
+
+/// What the shell leaves to the subsystems above the core; each fills its slots at start. An empty slot only leaves a
+/// line in the log.
+struct Extensions {
+    std::function<void(int reportNumber)> PrintReport;
+    std::function<void()> printSetup;
+    std::function<void()> scannerPort;
+    std::function<void()> fCopyPostings, fAddPostings;
+    std::function<void()> fClearPersonUpdate;
 };
 
 /// The state that all screens of one running program share, under its own names. There is one per program, passed by
@@ -80,12 +92,15 @@ public:
     platform::Processes& processes;
     Suite& suite;
     FrontEnd frontEnd;
+    Extensions extensions;
 
     void DoEvents() const;
     /// Ends the program; nothing more is asked of it.
     void End();
     [[nodiscard]] bool Ended() const noexcept { return ended_; }
 
+    /// Makes it the one connection: its statements are seen and its waits keep the window alive.
+    void adopt(std::shared_ptr<ado::Connection> connection);
     /// The open connection; throws ado::Error (object closed, 3704) when there is none.
     [[nodiscard]] ado::Connection& connection() const;
     /// A box title: the application title with ": WARNING" or the like behind it.

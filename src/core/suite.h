@@ -25,11 +25,13 @@ public:
     /// opened.
     virtual void OpenDesktop(Session& session, const std::string& path, const std::string& user,
                              const std::string& password, const std::string& versions, const std::string& module) = 0;
+    /// What stands for the server name when the clerk chose a database file; the catalog is then its path.
+    static constexpr const char* fileServer = "Database file";
     /// Gives the connection text, empty on failure. With empty names the clerk chooses, and the choice comes back in
-    /// them; in the desktop dialect the choice may be a file, which then comes back in `desktopPath`.
+    /// them.
     [[nodiscard]] virtual std::string OpenServer(Session& session, const std::string& module,
-                                                 const std::string& iniPath, std::string& server, std::string& catalog,
-                                                 std::string& desktopPath) = 0;
+                                                 const std::string& iniPath, std::string& server,
+                                                 std::string& catalog) = 0;
     /// The security dialog of a server.
     virtual void ShowServerSecurity(Session& session, const std::string& server) = 0;
     [[nodiscard]] virtual std::string Password() const = 0;
@@ -64,6 +66,8 @@ public:
     /// Made anew for each call.
     [[nodiscard]] virtual std::unique_ptr<ResourceDeleter> makeResourceDeleter() = 0;
     [[nodiscard]] virtual SupportService& support() = 0;
+    /// A copy of a database file that others may be writing to. Throws ado::Error.
+    virtual void copyDatabase(const std::string& path, const std::string& copy) = 0;
 };
 
 } // namespace zel::core

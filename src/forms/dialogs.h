@@ -11,26 +11,27 @@ enum class Icon { None, Critical, Question, Exclamation, Information };
 /// Numbered as the screens store them.
 enum class Answer { OK = 1, Cancel = 2, Yes = 6, No = 7 };
 
+// Each member has a default so that a call names only what it needs.
 struct MessageBox {
-    std::string text;
-    std::string title;
+    std::string text = {};
+    std::string title = {};
     Buttons buttons = Buttons::OK;
     Icon icon = Icon::None;
     int defaultButton = 1; ///< from 1, in the order of the buttons
 };
 
 struct InputBox {
-    std::string prompt;
-    std::string title;
-    std::string defaultText;
+    std::string prompt = {};
+    std::string title = {};
+    std::string defaultText = {};
 };
 
 struct FileBox {
     bool save = false;
-    std::string title;
-    std::string filter; ///< "Databases (*.mdb)|*.mdb|All files|*.*"
-    std::string folder;
-    std::string fileName;
+    std::string title = {};
+    std::string filter = {}; ///< "Databases (*.mdb)|*.mdb|All files|*.*"
+    std::string folder = {};
+    std::string fileName = {};
 };
 
 /// The one way to a box. Each call returns when the clerk has answered.

@@ -38,6 +38,9 @@ public:
     void setEnabled(bool enabled);
     /// Gives the form the focus.
     void SetFocus();
+    /// Stays in front of all other windows.
+    [[nodiscard]] bool TopMost() const noexcept { return topMost_; }
+    void setTopMost(bool topMost) { topMost_ = topMost; }
 
     /// In the order they were made. Arrays are not grouped.
     [[nodiscard]] const std::vector<Control*>& controls() const noexcept { return controls_; }
@@ -85,7 +88,7 @@ private:
     Control* active_ = nullptr;
     Control* next_ = nullptr;
     bool moving_ = false, hasNext_ = false;
-    bool loaded_ = false, visible_ = false, enabled_ = true;
+    bool loaded_ = false, visible_ = false, enabled_ = true, topMost_ = false;
     Observers observers_;
 };
 

@@ -193,7 +193,9 @@ CommandButton* ScriptedDialogs::buttonFor(const std::vector<CommandButton*>& but
     if (ado::equalIgnoringCase(answer, "close"))
         return nullptr;
     for (CommandButton* button : buttons) {
-        if (ado::equalIgnoringCase(faceOf(button->Caption()), answer) && button->usable())
+        if ((ado::equalIgnoringCase(faceOf(button->Caption()), answer) ||
+             ado::equalIgnoringCase(button->Caption(), answer)) &&
+            button->usable())
             return button;
     }
     misfit(box, answer);

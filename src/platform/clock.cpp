@@ -34,9 +34,9 @@ ado::DateTime ManualClock::Now() const {
     // By whole seconds of the day, so that a time that was waited for equals the same time written by hand.
     const ado::DateParts start = now_.parts();
     const std::int64_t seconds = start.hour * 3600 + start.minute * 60 + start.second + (elapsed_ - setAt_) / 1000;
-    ado::DateParts parts = ado::DateTime::fromDate(start.year, start.month, start.day)
-                               .addDays(static_cast<double>(seconds / secondsPerDay))
-                               .parts();
+    const std::int64_t days = seconds / secondsPerDay;
+    ado::DateParts parts =
+        ado::DateTime::fromDate(start.year, start.month, start.day).addDays(static_cast<double>(days)).parts();
     parts.hour = static_cast<int>(seconds % secondsPerDay / 3600);
     parts.minute = static_cast<int>(seconds / 60 % 60);
     parts.second = static_cast<int>(seconds % 60);

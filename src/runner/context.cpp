@@ -12,9 +12,9 @@
 namespace zel::runner {
 
 forms::Form& Context::front() const {
-    if (!modal.empty())
-        return *modal.back();
     auto& registry = program.forms();
+    if (auto* waiting = registry.modalForm())
+        return *waiting;
     if (auto* active = registry.ActiveForm())
         return *active;
     if (auto* shell = registry.shell())
@@ -34,8 +34,8 @@ forms::Control& Context::control(std::string_view name) const {
     const auto bare = dot == std::string_view::npos ? name : name.substr(dot + 1);
     if (auto* found = screen.find(bare))
         return *found;
-    auto* shell = program.forms().shell();
-    if (auto* found = dot == std::string_view::npos && shell != nullptr && modal.empty() ? shell->find(bare) : nullptr)
+    auto* shell = program.forms().modalForm() == nullptr ? program.forms().shell() : nullptr;
+    if (auto* found = dot == std::string_view::npos && shell != nullptr ? shell->find(bare) : nullptr)
         return *found;
     throw CommandError(fmt::format("{} has no control {}", screen.Name(), bare));
 }

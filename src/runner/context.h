@@ -25,8 +25,6 @@ struct Context {
     bool showStatements = false;
     /// The boxes of the last command that acted, for expect-box.
     std::vector<forms::ShownBox> lastBoxes;
-    /// Modal forms that wait while commands of an answer run on them; the last one is in front.
-    std::vector<forms::Form*> modal;
     /// The program has been left; the script ends.
     bool left = false;
 

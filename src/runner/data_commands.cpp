@@ -67,7 +67,7 @@ void call(Context& context, const Words& arguments, Json& answer) {
     if (given < procedure.least || given > procedure.most)
         throw CommandError(fmt::format("{} takes {}", procedure.name,
                                        procedure.arguments.empty() ? "no arguments" : procedure.arguments));
-    Call made{context.program.session(), {arguments.begin() + 1, arguments.end()}, {}, {}};
+    Call made(context.program.session(), {arguments.begin() + 1, arguments.end()});
     procedure.run(made);
     answer.set("result", std::move(made.result));
     answer.set("byref", std::move(made.byref));

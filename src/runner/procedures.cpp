@@ -23,7 +23,9 @@ auto converted(const std::string& text, std::string_view what, Convert convert) 
 
 Procedures makeTable() {
     Procedures table;
+    addDataProcedures(table);
     addPostingProcedures(table);
+    addServicesProcedures(table);
     std::ranges::sort(table, {}, [](const Procedure& procedure) { return ado::lowerCase(procedure.name); });
     return table;
 }
@@ -44,6 +46,10 @@ std::int32_t Call::numberOr(std::size_t index, std::int32_t fallback) const {
 
 bool Call::flag(std::size_t index) const {
     return converted(text(index), "flag (True or False)", ado::toBoolean);
+}
+
+bool Call::flagOr(std::size_t index, bool fallback) const {
+    return index < arguments.size() ? flag(index) : fallback;
 }
 
 float Call::single(std::size_t index) const {

@@ -14,6 +14,8 @@ namespace zel::runner {
 
 /// A call of a helper procedure, with what it gives.
 struct Call {
+    Call(core::Session& running, std::vector<std::string> given) : session(running), arguments(std::move(given)) {}
+
     core::Session& session;
     std::vector<std::string> arguments;
     Json result;
@@ -27,6 +29,7 @@ struct Call {
     [[nodiscard]] std::int32_t number(std::size_t index) const;
     [[nodiscard]] std::int32_t numberOr(std::size_t index, std::int32_t fallback) const;
     [[nodiscard]] bool flag(std::size_t index) const;
+    [[nodiscard]] bool flagOr(std::size_t index, bool fallback) const;
     [[nodiscard]] float single(std::size_t index) const;
     [[nodiscard]] ado::Currency money(std::size_t index) const;
     [[nodiscard]] ado::DateTime moment(std::size_t index) const;
@@ -35,6 +38,9 @@ struct Call {
     /// "Null" is Null; everything else is text.
     [[nodiscard]] ado::Value value(std::size_t index) const;
 };
+
+/// For procedures that take as many as they are given.
+inline constexpr std::size_t anyCount = 1'000'000;
 
 /// A procedure of the program that `call` knows by name.
 struct Procedure {
@@ -52,6 +58,8 @@ struct Procedure {
 
 /// The procedures of each part of the program. A part adds its own here.
 using Procedures = std::vector<Procedure>;
+void addDataProcedures(Procedures& table);
 void addPostingProcedures(Procedures& table);
+void addServicesProcedures(Procedures& table);
 
 } // namespace zel::runner

@@ -2,6 +2,7 @@
 
 #include "ado/error.h"
 #include "forms/form.h"
+#include "forms/form_registry.h"
 #include "runner/command_error.h"
 #include "runner/runner_dialogs.h"
 
@@ -111,6 +112,8 @@ bool Runner::runLine(const std::string& text) {
 }
 
 std::string Runner::carryOut(const Words& words, Json& results) {
+    // Screens that close meanwhile live until the command has ended.
+    const forms::FormRegistry::Action action(context_.program.forms());
     try {
         const auto& command = findCommand(words.front());
         checkCount(command, words.size() - 1);
@@ -126,7 +129,6 @@ std::string Runner::carryOut(const Words& words, Json& results) {
 }
 
 void Runner::runFormCommands(forms::Form& form, const std::string& commands) {
-    context_.modal.push_back(&form);
     for (const auto& words : splitCommands(commands)) {
         if (!form.Visible()) {
             complaint_ = fmt::format("{} closed before {}", form.Name(), words.front());
@@ -142,7 +144,6 @@ void Runner::runFormCommands(forms::Form& form, const std::string& commands) {
             break;
         }
     }
-    context_.modal.pop_back();
 }
 
 Json Runner::takeBoxes() {

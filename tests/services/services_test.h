@@ -24,6 +24,9 @@ public:
     std::unique_ptr<core::ResourceDeleter> makeResourceDeleter() override {
         throw std::logic_error("no resource deleter in this test");
     }
+    void copyDatabase(const std::string&, const std::string&) override {
+        throw std::logic_error("no database to copy in this test");
+    }
     core::SupportService& support() override { throw std::logic_error("no support service in this test"); }
 };
 

@@ -28,12 +28,13 @@ inline std::string engineName(const ::testing::TestParamInfo<ado::EngineKind>& i
 ///     TEST_P(AccountTest, ASecondDefaultTakesTheFirstOnesPlace) { connection().Execute("..."); }
 class DatabaseTest : public ::testing::TestWithParam<ado::EngineKind> {
 protected:
+    explicit DatabaseTest(Content content = Content::WithoutIncidents) : database_(GetParam(), content) {}
     [[nodiscard]] TestDatabase& database() noexcept { return database_; }
     [[nodiscard]] ado::Connection& connection() { return database_.connection(); }
     [[nodiscard]] bool onSqlite() const noexcept { return GetParam() == ado::EngineKind::Sqlite; }
 
 private:
-    TestDatabase database_{GetParam()};
+    TestDatabase database_;
 };
 
 } // namespace zel::test

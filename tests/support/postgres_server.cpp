@@ -114,7 +114,8 @@ void PostgresServer::initialise() {
     std::ofstream(data / "postgresql.auto.conf", std::ios::app)
         << "listen_addresses = ''\nunix_socket_directories = '" << folder_.string()
         << "'\nfsync = off\nsynchronous_commit = off\nfull_page_writes = off\nshared_buffers = 32MB\n"
-           "max_connections = 100\nautovacuum = off\nmax_wal_size = 4GB\ncheckpoint_timeout = 1h\n";
+           "max_connections = 100\nautovacuum = off\nwal_level = minimal\nmax_wal_senders = 0\nmax_wal_size = "
+           "1GB\ncheckpoint_timeout = 1h\n";
     std::ofstream(data / "pg_hba.conf") << "local all clerk scram-sha-256\nlocal all all trust\n";
 }
 

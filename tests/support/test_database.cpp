@@ -1,11 +1,8 @@
 #include "support/test_database.h"
 
-#include "ado/postgres/create.h"
 #include "ado/postgres/open.h"
 #include "ado/sqlite/create.h"
 #include "ado/sqlite/open.h"
-#include "korvandb/create.h"
-#include "support/keeper.h"
 #include "support/run_folder.h"
 
 #include <fmt/format.h>
@@ -18,65 +15,42 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* templateName = "zel_template";
-
-fs::path templateFile() {
-    const fs::path file = runFolder() / "template.mdb";
-    onceInRun("template.mdb", [&] { ado::createSqliteFile(file, korvandb::createTables); });
+fs::path templateFile(Content content) {
+    const std::string name = content == Content::Demo ? "demo_template.mdb" : "template.mdb";
+    const fs::path file = runFolder() / name;
+    onceInRun(name, [&] { ado::createSqliteFile(file, filling(content)); });
     return file;
 }
 
-ado::PostgresTarget onRunServer(std::string catalog) {
-    static const std::string server = runningServer(runFolder()).string();
-    return {server, std::move(catalog), serverUser, {}};
-}
-
-/// The connection from which databases are made and dropped, one for a test program.
-ado::Engine& serverConnection() {
-    static const std::unique_ptr<ado::Engine> engine = [] {
-        onceInRun(templateName, [] { ado::createPostgresDatabase(onRunServer(templateName), korvandb::createTables); });
-        return ado::openPostgres(onRunServer("postgres"));
-    }();
-    return *engine;
-}
-
-void runOnServer(const std::string& text) {
-    serverConnection().prepare(text, true)->execute({});
-}
-
-std::string nextName() {
+fs::path nextFile() {
     static int last = 0;
-    return fmt::format("test_{}_{}", ::getpid(), ++last);
+    return runFolder() / fmt::format("test_{}_{}.mdb", ::getpid(), ++last);
 }
 
 } // namespace
 
-TestDatabase::TestDatabase(ado::EngineKind kind) : kind_(kind), name_(nextName()) {
-    if (kind_ == ado::EngineKind::Sqlite)
-        fs::copy_file(templateFile(), file());
-    else
-        runOnServer(fmt::format("CREATE DATABASE {} TEMPLATE {} STRATEGY FILE_COPY", name_, templateName));
+TestDatabase::TestDatabase(ado::EngineKind kind, Content content) : kind_(kind) {
+    if (kind_ == ado::EngineKind::Postgres) {
+        slot_ = std::make_unique<PostgresSlot>(content);
+        return;
+    }
+    file_ = nextFile();
+    fs::copy_file(templateFile(content), file_);
 }
 
 TestDatabase::~TestDatabase() {
     connection_.Close();
-    if (kind_ == ado::EngineKind::Sqlite) {
-        std::error_code ignored;
-        fs::remove(file(), ignored);
-        fs::remove(file().string() + "-journal", ignored);
+    if (slot_)
         return;
-    }
-    try {
-        runOnServer(fmt::format("DROP DATABASE {} WITH (FORCE)", name_));
-    } catch (const std::exception& failure) {
-        fmt::print(stderr, "{}: {}\n", name_, failure.what());
-    }
+    std::error_code ignored;
+    fs::remove(file_, ignored);
+    fs::remove(file_.string() + "-journal", ignored);
 }
 
 std::unique_ptr<ado::Engine> TestDatabase::open(std::chrono::milliseconds patience) const {
-    if (kind_ == ado::EngineKind::Sqlite)
-        return ado::openSqlite(file(), {.durable = false, .patience = patience});
-    return ado::openPostgres(onRunServer(name_), {.patience = patience});
+    if (!slot_)
+        return ado::openSqlite(file_, {.durable = false, .patience = patience});
+    return ado::openPostgres({server(), catalog(), serverUser, {}}, {.patience = patience});
 }
 
 ado::Connection& TestDatabase::connection() {
@@ -86,19 +60,19 @@ ado::Connection& TestDatabase::connection() {
 }
 
 std::string TestDatabase::target() const {
-    return kind_ == ado::EngineKind::Sqlite ? file().string() : server() + "/" + name_;
+    return slot_ ? server() + "/" + catalog() : file_.string();
 }
 
 fs::path TestDatabase::file() const {
-    return kind_ == ado::EngineKind::Sqlite ? runFolder() / (name_ + ".mdb") : fs::path();
+    return file_;
 }
 
 std::string TestDatabase::server() const {
-    return kind_ == ado::EngineKind::Sqlite ? std::string() : onRunServer(name_).server;
+    return slot_ ? PostgresSlot::server() : std::string();
 }
 
 std::string TestDatabase::catalog() const {
-    return kind_ == ado::EngineKind::Sqlite ? std::string() : name_;
+    return slot_ ? slot_->catalog() : std::string();
 }
 
 } // namespace zel::test

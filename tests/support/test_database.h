@@ -2,6 +2,8 @@
 
 #include "ado/connection.h"
 #include "ado/engine.h"
+#include "support/content.h"
+#include "support/postgres_slot.h"
 
 #include <chrono>
 #include <filesystem>
@@ -10,11 +12,10 @@
 
 namespace zel::test {
 
-/// A database of one test on either engine: the program's tables, views and lookups, without incidents. It is gone with
-/// this object.
+/// A database of one test on either engine: the program's tables, views and lookups. It is gone with this object.
 class TestDatabase {
 public:
-    explicit TestDatabase(ado::EngineKind kind);
+    explicit TestDatabase(ado::EngineKind kind, Content content = Content::WithoutIncidents);
     ~TestDatabase();
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;
@@ -35,7 +36,8 @@ public:
 
 private:
     ado::EngineKind kind_;
-    std::string name_;
+    std::filesystem::path file_;
+    std::unique_ptr<PostgresSlot> slot_;
     ado::Connection connection_;
 };
 

@@ -14,13 +14,10 @@ PostgresEngine::~PostgresEngine() {
 }
 
 const ServerTables& PostgresEngine::tables() {
-    if (!tables_)
+    if (!tablesAreRead_)
         tables_ = readTables(*this);
-    return *tables_;
-}
-
-void PostgresEngine::refreshCatalog() {
-    tables_.reset();
+    tablesAreRead_ = true;
+    return tables_;
 }
 
 std::shared_ptr<PreparedStatement> PostgresEngine::prepare(const std::string& engineText, bool writes) {

@@ -5,7 +5,6 @@
 #include "ado/postgres/link.h"
 
 #include <memory>
-#include <optional>
 
 namespace zel::ado::postgres {
 
@@ -20,7 +19,7 @@ public:
     [[nodiscard]] EngineKind kind() const noexcept override { return EngineKind::Postgres; }
     [[nodiscard]] std::string connectionText() const override { return link_->description(); }
     [[nodiscard]] const Catalog& catalog() override { return tables().catalog; }
-    void refreshCatalog() override;
+    void refreshCatalog() override { tablesAreRead_ = false; }
     [[nodiscard]] std::shared_ptr<PreparedStatement> prepare(const std::string& engineText, bool writes) override;
     void begin() override { link_->begin(); }
     void commit() override { link_->commit(); }
@@ -32,7 +31,9 @@ private:
     [[nodiscard]] const ServerTables& tables();
 
     std::shared_ptr<Link> link_;
-    std::optional<ServerTables> tables_;
+    /// Read anew in their place: translated statements go on looking at the catalog.
+    ServerTables tables_;
+    bool tablesAreRead_ = false;
     std::shared_ptr<PreparedStatement> moveNumber_;
 };
 

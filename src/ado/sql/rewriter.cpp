@@ -44,7 +44,6 @@ std::string Rewriter::run(const std::vector<LiteralPlan>& plans) {
     patterns();
     orders();
     if (onSqlite()) {
-        leadingBrackets();
         joins();
     } else {
         views();
@@ -263,25 +262,10 @@ void Rewriter::patterns() {
     }
 }
 
-// FROM ((A JOIN B ON ...) JOIN C ON ...): brackets at the very left change nothing, but SQLite takes what they hold for
-// a subquery, with column names of its own.
-void Rewriter::leadingBrackets() {
-    for (std::size_t at = 0; at + 1 < tokens_.size(); ++at) {
-        if (tokens_[at].keyword != Keyword::From)
-            continue;
-        for (std::size_t open = at + 1; open < tokens_.size() && structure_.joinBracket[open]; ++open) {
-            if (tokens_[open].kind != TokenKind::Open)
-                break;
-            replace(open, " ");
-            replace(structure_.partner[open], " ");
-        }
-    }
-}
-
 // A RIGHT JOIN B INNER JOIN C ON bc ON ac: the second ON belongs to the first JOIN, whose right side ends there.
 void Rewriter::joins() {
     struct Open {
-        std::size_t right;
+        std::size_t join;
         std::size_t depth;
         bool holdsJoin;
     };
@@ -294,12 +278,12 @@ void Rewriter::joins() {
         if (tokens_[at].keyword == Keyword::Join) {
             const Keyword kind = at > 0 ? tokens_[at - 1].keyword : Keyword::None;
             if (kind != Keyword::Cross && kind != Keyword::Natural)
-                open.push_back({at + 1, depth, false});
+                open.push_back({at, depth, false});
         } else if (tokens_[at].keyword == Keyword::On && structure_.clause[at] == Clause::On && here) {
             const Open closed = open.back();
             open.pop_back();
-            if (closed.holdsJoin)
-                wrap(closed.right, at - 1, "(", ")");
+            if (!turnAround(closed.join, at) && closed.holdsJoin)
+                wrap(closed.join + 1, at - 1, "(", ")");
             if (!open.empty() && open.back().depth == depth)
                 open.back().holdsJoin = true;
         } else if (here && (tokens_[at].kind == TokenKind::Comma || tokens_[at].keyword == Keyword::Where)) {
@@ -307,6 +291,42 @@ void Rewriter::joins() {
                 open.pop_back();
         }
     }
+}
+
+// FROM A RIGHT JOIN B ... ON ac is B ... LEFT JOIN A ON ac. SQLite would put all of B aside and look through it for
+// each row of A; turned around it finds A's row by its key. Not under a "*", which would show the columns in another
+// order.
+bool Rewriter::turnAround(std::size_t join, std::size_t on) {
+    std::size_t kind = join == 0 ? 0 : join - 1;
+    if (kind > 0 && tokens_[kind].keyword == Keyword::Outer)
+        --kind;
+    const std::size_t query = structure_.query[join];
+    if (tokens_[kind].keyword != Keyword::Right || hasStar(query))
+        return false;
+    for (const SourceTokens& source : structure_.queries[query].sources) {
+        const std::size_t last = source.alias == Structure::none ? source.name : source.alias;
+        if (source.name == Structure::none || last + 1 != kind || source.first == 0)
+            continue;
+        const std::size_t before = source.first - 1;
+        if (tokens_[before].keyword != Keyword::From && !structure_.joinBracket[before])
+            return false;
+        const std::uint32_t begin = tokens_[source.name].begin;
+        edits_[on].before.insert(0, "LEFT OUTER JOIN " +
+                                        std::string(tokens_.text.substr(begin, tokens_[last].end - begin)) + " ");
+        for (std::size_t at = source.first; at <= join; ++at)
+            drop(at);
+        return true;
+    }
+    return false;
+}
+
+bool Rewriter::hasStar(std::size_t query) const {
+    for (std::size_t at = 1; at < tokens_.size(); ++at)
+        if (structure_.query[at] == query && structure_.clause[at] == Clause::SelectList &&
+            tokens_.isOperator(at, "*") &&
+            (tokens_[at - 1].kind == TokenKind::Comma || tokens_[at - 1].keyword != Keyword::None))
+            return true;
+    return false;
 }
 
 void Rewriter::orders() {

@@ -42,7 +42,8 @@ private:
     void concatenation(std::size_t operation);
     void patterns();
     void joins();
-    void leadingBrackets();
+    [[nodiscard]] bool turnAround(std::size_t join, std::size_t on);
+    [[nodiscard]] bool hasStar(std::size_t query) const;
     void orders();
     void orderItem(std::size_t first, std::size_t last);
     void views();

@@ -18,7 +18,7 @@ std::string definingQuery(std::string_view createStatement) {
         constexpr std::string_view before = " \t\r\n)]\"", behind = " \t\r\n(";
         if (at > 0 && at + 2 < lower.size() && before.find(lower[at - 1]) != std::string_view::npos &&
             behind.find(lower[at + 2]) != std::string_view::npos)
-            return std::string(trim(createStatement.substr(at + 2)));
+            return std::string(createStatement.substr(lower.find_first_not_of(" \t\r\n", at + 2)));
     }
     return {};
 }

@@ -1,14 +1,11 @@
 #pragma once
 
 #include "ado/engine.h"
+#include "ado/sqlite/link.h"
 #include "ado/sqlite/open.h"
 
-#include <chrono>
 #include <filesystem>
-#include <optional>
 #include <string>
-
-struct sqlite3;
 
 namespace zel::ado::sqlite {
 
@@ -30,37 +27,27 @@ public:
     [[nodiscard]] EngineKind kind() const noexcept override { return EngineKind::Sqlite; }
     [[nodiscard]] std::string connectionText() const override;
     [[nodiscard]] const Catalog& catalog() override;
-    void refreshCatalog() override { catalog_.reset(); }
+    void refreshCatalog() override { catalogIsRead_ = false; }
     [[nodiscard]] std::shared_ptr<PreparedStatement> prepare(const std::string& engineText, bool writes) override;
     void begin() override;
     void commit() override;
     void rollback() noexcept override;
     [[nodiscard]] std::int32_t nextNumber(std::string_view table, std::string_view field) override;
-    void onWait(std::function<void()> idle) override { idle_ = std::move(idle); }
+    void onWait(std::function<void()> idle) override { link_->onWait(std::move(idle)); }
 
     /// One statement without parameters, rows thrown away.
     void run(const std::string& engineText);
-    /// Throws Error (Busy) while a statement waits for another user: the window lives, but the database is taken.
-    void refuseWhileWaiting() const;
 
 private:
-    struct DatabaseCloser {
-        void operator()(sqlite3* database) const noexcept;
-    };
-    static int whenBusy(void* engine, int attempt);
-    [[nodiscard]] bool waitOnce(int attempt);
-    void open(int access);
     void configure();
     void requireOurTables();
     void chooseJournal();
 
     std::filesystem::path file_;
-    std::unique_ptr<sqlite3, DatabaseCloser> database_;
-    std::optional<Catalog> catalog_;
-    std::function<void()> idle_;
-    std::chrono::milliseconds patience_;
-    std::chrono::steady_clock::time_point waitingSince_;
-    bool waiting_ = false;
+    std::shared_ptr<Link> link_;
+    /// Read anew in its place: translated statements go on looking at it.
+    Catalog catalog_;
+    bool catalogIsRead_ = false;
     std::shared_ptr<PreparedStatement> moveNumber_;
 };
 

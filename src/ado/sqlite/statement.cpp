@@ -2,13 +2,14 @@
 
 #include "ado/error.h"
 #include "ado/row_store.h"
-#include "ado/sqlite/engine.h"
 #include "ado/sqlite/errors.h"
+#include "ado/sqlite/link.h"
 #include "ado/sqlite/values.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zel::ado::sqlite {
 
@@ -29,16 +30,15 @@ void refuse(const std::string& why, const std::string& text) {
 
 } // namespace
 
-SqliteStatement::SqliteStatement(SqliteEngine& engine, sqlite3* database, const std::string& text)
-    : engine_(engine), database_(database) {
-    engine_.refuseWhileWaiting();
+SqliteStatement::SqliteStatement(std::shared_ptr<Link> link, const std::string& text) : link_(std::move(link)) {
+    link_->requireUsable();
     if (text.find('\0') != std::string::npos)
         refuse("A statement cannot hold the character NUL.", text);
     const char* tail = nullptr;
-    const int code = sqlite3_prepare_v3(database_, text.data(), static_cast<int>(text.size()),
+    const int code = sqlite3_prepare_v3(link_->database(), text.data(), static_cast<int>(text.size()),
                                         SQLITE_PREPARE_PERSISTENT, &statement_, &tail);
     if (code != SQLITE_OK)
-        throw errorOf(database_, sqlite3_extended_errcode(database_), text);
+        throw errorOf(link_->database(), sqlite3_extended_errcode(link_->database()), text);
     const bool second = !isBlank({tail, static_cast<std::size_t>(text.data() + text.size() - tail)});
     if (statement_ != nullptr && !second)
         return;
@@ -54,7 +54,7 @@ SqliteStatement::~SqliteStatement() {
 class SqliteStatement::Run {
 public:
     Run(SqliteStatement& owner, std::span<const Value> parameters) : statement_(owner.statement_) {
-        owner.engine_.refuseWhileWaiting();
+        owner.link_->requireUsable();
         if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement_)) != parameters.size())
             throw Error(ErrorKind::Statement, errors::errorsInCommand,
                         "The statement does not have as many parameters as values.", sqlite3_sql(statement_));
@@ -62,7 +62,7 @@ public:
         for (const Value& parameter : parameters) {
             const int code = bindValue(statement_, ++index, parameter);
             if (code != SQLITE_OK)
-                throw errorOf(owner.database_, code, sqlite3_sql(statement_));
+                throw errorOf(owner.link_->database(), code, sqlite3_sql(statement_));
         }
     }
     ~Run() {
@@ -81,7 +81,7 @@ bool SqliteStatement::step() {
     if (code == SQLITE_ROW)
         return true;
     if (code != SQLITE_DONE)
-        throw errorOf(database_, sqlite3_extended_errcode(database_), sqlite3_sql(statement_));
+        throw errorOf(link_->database(), sqlite3_extended_errcode(link_->database()), sqlite3_sql(statement_));
     return false;
 }
 
@@ -109,10 +109,10 @@ const std::vector<ResultColumn>& SqliteStatement::columns() {
 
 std::int64_t SqliteStatement::execute(std::span<const Value> parameters) {
     const Run run(*this, parameters);
-    const sqlite3_int64 before = sqlite3_total_changes64(database_);
+    const sqlite3_int64 before = sqlite3_total_changes64(link_->database());
     while (step()) {
     }
-    return sqlite3_total_changes64(database_) == before ? 0 : sqlite3_changes64(database_);
+    return sqlite3_total_changes64(link_->database()) == before ? 0 : sqlite3_changes64(link_->database());
 }
 
 void SqliteStatement::query(std::span<const Value> parameters, RowStore& rows) {

@@ -2,20 +2,20 @@
 
 #include "ado/engine.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
-struct sqlite3;
 struct sqlite3_stmt;
 
 namespace zel::ado::sqlite {
 
-class SqliteEngine;
+class Link;
 
-/// A statement of one file. It must not outlive its engine.
+/// A statement of one file.
 class SqliteStatement final : public PreparedStatement {
 public:
-    SqliteStatement(SqliteEngine& engine, sqlite3* database, const std::string& text);
+    SqliteStatement(std::shared_ptr<Link> link, const std::string& text);
     ~SqliteStatement() override;
     SqliteStatement(const SqliteStatement&) = delete;
     SqliteStatement& operator=(const SqliteStatement&) = delete;
@@ -29,8 +29,7 @@ private:
     [[nodiscard]] bool step();
     void readColumns();
 
-    SqliteEngine& engine_;
-    sqlite3* database_;
+    std::shared_ptr<Link> link_;
     sqlite3_stmt* statement_ = nullptr;
     std::vector<ResultColumn> columns_;
     /// The engine prepares again by itself when a table changed; the columns are then read anew.

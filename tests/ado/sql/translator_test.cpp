@@ -224,21 +224,33 @@ const Case shapeCases[] = {
      "select * from PersonsPost order by (Rate) NULLS FIRST", ""},
     {"DeleteStar", "DELETE * FROM PersonsPost;", "DELETE  FROM PersonsPost", "DELETE  FROM PersonsPost", ""},
     {"NestedOn",
-     "SELECT 1 FROM (AccountingCodes A RIGHT OUTER JOIN Resources INNER JOIN Persons ON Resources.ResourceID = "
+     "SELECT * FROM (AccountingCodes A RIGHT OUTER JOIN Resources INNER JOIN Persons ON Resources.ResourceID = "
      "Persons.ResourceID ON A.AccountingID = Persons.PersonID) LEFT JOIN L_Status ON Persons.PStatus = L_Status.Code",
-     "SELECT 1 FROM  AccountingCodes A RIGHT OUTER JOIN (Resources INNER JOIN Persons ON Resources.ResourceID = "
-     "Persons.ResourceID) ON A.AccountingID = Persons.PersonID  LEFT JOIN L_Status ON Persons.PStatus = L_Status.Code",
-     "SELECT 1 FROM (AccountingCodes A RIGHT OUTER JOIN Resources INNER JOIN Persons ON Resources.ResourceID = "
+     "SELECT * FROM (AccountingCodes A RIGHT OUTER JOIN (Resources INNER JOIN Persons ON Resources.ResourceID = "
+     "Persons.ResourceID) ON A.AccountingID = Persons.PersonID) LEFT JOIN L_Status ON Persons.PStatus = L_Status.Code",
+     "SELECT * FROM (AccountingCodes A RIGHT OUTER JOIN Resources INNER JOIN Persons ON Resources.ResourceID = "
      "Persons.ResourceID ON A.AccountingID = Persons.PersonID) LEFT JOIN L_Status ON Persons.PStatus = L_Status.Code",
      ""},
-    {"LeadingBracketsGrownOntoWords",
+    {"NestedOnTurnedAround",
+     "SELECT A.AccountingID, Persons.* FROM (dbo.AccountingCodes A RIGHT OUTER JOIN Resources INNER JOIN Persons ON "
+     "Resources.ResourceID = Persons.ResourceID ON A.AccountingID = Persons.PersonID) LEFT JOIN L_Status ON 1=2",
+     "SELECT A.AccountingID, Persons.* FROM (     Resources INNER JOIN Persons ON Resources.ResourceID = "
+     "Persons.ResourceID LEFT OUTER JOIN AccountingCodes A ON A.AccountingID = Persons.PersonID) LEFT JOIN L_Status ON "
+     "1=?1",
+     "SELECT A.AccountingID, Persons.* FROM (dbo.AccountingCodes A RIGHT OUTER JOIN Resources INNER JOIN Persons ON "
+     "Resources.ResourceID = Persons.ResourceID ON A.AccountingID = Persons.PersonID) LEFT JOIN L_Status ON 1=$1",
+     "i2"},
+    {"RightJoinBehindOthersStays", "SELECT 1 FROM A LEFT JOIN B ON A.x=B.x RIGHT JOIN C ON B.x=C.x",
+     "SELECT 1 FROM A LEFT JOIN B ON A.x=B.x RIGHT JOIN C ON B.x=C.x",
+     "SELECT 1 FROM A LEFT JOIN B ON A.x=B.x RIGHT JOIN C ON B.x=C.x", ""},
+    {"WordsGrownOntoBrackets",
      "select 1 FROM((Resources A inner join Persons B on A.x=B.x)left join L_Status on 1=1)where 2=2",
-     "select 1 FROM  Resources A inner join Persons B on A.x=B.x left join L_Status on 1=?1 where 2=?2",
+     "select 1 FROM((Resources A inner join Persons B on A.x=B.x)left join L_Status on 1=?1)where 2=?2",
      "select 1 FROM((Resources A inner join Persons B on A.x=B.x)left join L_Status on 1=$1)where 2=$2", "i1 i2"},
     {"ViewsBecomeTheirDefinition", "select * from qryCrews where Name = 'x'", "select * from qryCrews where Name = ?1",
      "select * from (SELECT resources.name AS crewinfo FROM dbo.resources) qryCrews where Name = $1", "'x'"},
     {"ViewsKeepTheirAlias", "select * from (dbo.qryCrews C inner join Persons P on C.ResourceID=P.ResourceID)",
-     "select * from  qryCrews C inner join Persons P on C.ResourceID=P.ResourceID ",
+     "select * from (qryCrews C inner join Persons P on C.ResourceID=P.ResourceID)",
      "select * from ((SELECT resources.name AS crewinfo FROM dbo.resources) C inner join Persons P on "
      "C.ResourceID=P.ResourceID)",
      ""},

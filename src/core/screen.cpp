@@ -1,0 +1,42 @@
+#include "core/screen.h"
+
+#include "core/failure.h"
+#include "forms/form_registry.h"
+#include "platform/files.h"
+#include "services/clsDebug.h"
+#include "services/log_controls.h"
+
+namespace zel::core {
+
+Screen::Screen(Session& state, std::string name) : Form(state.forms, std::move(name)), session(state) {}
+
+void Screen::tbLogDump() {
+    writeDump();
+}
+
+void Screen::writeDump(const std::string& between) {
+    std::string text = "Me.Caption = " + Caption() + "\r\nMe.Tag = " + Tag() + "\r\n";
+    for (const auto& [name, value] : dumpLines())
+        text.append(name).append(" = ").append(value).append("\r\n");
+    text += between;
+    text += services::LogControls(*this);
+    session.files.write(session.gLogFolder + Name() + ".dump.log", text);
+}
+
+void writeLog(const Session& session, const std::string& text) {
+    if (session.gDebug)
+        session.gDebug->Prn(text);
+}
+
+std::function<void()> Screen::handler(std::function<void()> action) {
+    return [this, action = std::move(action)] {
+        if (!session.Working)
+            guarded(session, action);
+    };
+}
+
+std::function<void()> Screen::always(std::function<void()> action) {
+    return [this, action = std::move(action)] { guarded(session, action); };
+}
+
+} // namespace zel::core

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "core/session.h"
+#include "forms/form.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zel::core {
+
+/// A form of this program. Record screens derive from it; the shell shows one of them at a time.
+class Screen : public forms::Form {
+public:
+    Screen(Session& state, std::string name);
+
+    /// Writes the state of the screen and of its controls to "<gLogFolder><Name>.dump.log".
+    void tbLogDump() override;
+
+protected:
+    /// Lines of the dump that are the screen's own: names and values.
+    using DumpLines = std::vector<std::pair<std::string, std::string>>;
+    [[nodiscard]] virtual DumpLines dumpLines() const { return {}; }
+    /// The dump with a text between the screen's own lines and those of its controls.
+    void writeDump(const std::string& between = {});
+
+    /// An event handler of the screen: does nothing while the program itself is working, and shows the common error box
+    /// when it fails. `on(&CommandButton::Click, ...)` and slots take it as it is.
+    [[nodiscard]] std::function<void()> handler(std::function<void()> action);
+    /// The same for what must run even while the program is working.
+    [[nodiscard]] std::function<void()> always(std::function<void()> action);
+
+    Session& session;
+};
+
+/// A line in the program's log.
+void writeLog(const Session& session, const std::string& text);
+
+/// A window of the program that is no record screen: it is never the active screen, and Refresh passes it by.
+class DialogWindow : public Screen {
+public:
+    using Screen::Screen;
+};
+
+} // namespace zel::core

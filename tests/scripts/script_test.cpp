@@ -1,0 +1,66 @@
+#include "scripts/program_run.h"
+#include "support/database_test.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> list;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        list.push_back(line);
+    return list;
+}
+
+std::vector<std::string> scriptNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(ZEL_SCRIPTS)) {
+        if (entry.path().extension() == ".zel")
+            names.push_back(entry.path().stem().string());
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+using Case = std::tuple<std::string, ado::EngineKind>;
+
+std::string caseName(const testing::TestParamInfo<Case>& info) {
+    std::string name = std::get<0>(info.param);
+    std::ranges::replace(name, '-', '_');
+    return name + "_" + testing::PrintToString(std::get<1>(info.param));
+}
+
+/// NAME.zel with what it answers in NAME.expected, and the settings it leaves in NAME.Sqlite.ini and NAME.Postgres.ini
+/// where these exist.
+class Script : public testing::TestWithParam<Case> {
+protected:
+    [[nodiscard]] fs::path file(const std::string& ending) const {
+        return fs::path(ZEL_SCRIPTS) / (std::get<0>(GetParam()) + ending);
+    }
+};
+
+TEST_P(Script, answers_as_expected) {
+    ProgramRun program(std::get<1>(GetParam()));
+    const auto answers = program.run(readFile(file(".zel")));
+    EXPECT_THAT(lines(answers), testing::ElementsAreArray(lines(readFile(file(".expected")))));
+    EXPECT_EQ(program.status(), 0);
+    const auto settings = file("." + testing::PrintToString(std::get<1>(GetParam())) + ".ini");
+    if (fs::exists(settings)) {
+        EXPECT_EQ(program.settings(), readFile(settings));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scripts, Script,
+                         testing::Combine(testing::ValuesIn(scriptNames()),
+                                          testing::Values(ado::EngineKind::Sqlite, ado::EngineKind::Postgres)),
+                         caseName);
+
+} // namespace
+} // namespace zel::test
