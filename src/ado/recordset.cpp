@@ -135,7 +135,7 @@ void Recordset::Open(Sql source, Connection& connection, CursorType, LockType lo
     auto rows = std::make_shared<RowSet>(connection, source, writable);
     Cursor cursor(rows);
     *state_ = {};
-    state_->opened.emplace(std::move(rows), std::move(cursor));
+    state_->opened = State_::Opened{std::move(rows), std::move(cursor)};
     state_->source = std::move(source);
     state_->writable = writable;
 }
@@ -155,7 +155,7 @@ void Recordset::Requery() {
     Cursor cursor(rows);
     cursor.setFilter(Criteria::filter(state_->filter.text(), rows->columns()));
     cursor.setSort(parseSort(state_->sort, rows->columns()));
-    state_->opened.emplace(std::move(rows), std::move(cursor));
+    state_->opened = State_::Opened{std::move(rows), std::move(cursor)};
 }
 
 int Recordset::State() const noexcept {
@@ -269,7 +269,7 @@ const std::string& Recordset::Sort() const noexcept {
 Recordset Recordset::Clone() const {
     State_::Opened& original = state_->open();
     Recordset clone;
-    clone.state_->opened.emplace(original.rows, original.cursor.clone());
+    clone.state_->opened = State_::Opened{original.rows, original.cursor.clone()};
     clone.state_->source = state_->source;
     clone.state_->writable = state_->writable;
     return clone;

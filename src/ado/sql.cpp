@@ -121,8 +121,8 @@ std::size_t Sql::find(std::string_view lowerCaseWords) const {
     const auto same = [](char left, char right) {
         return (left >= 'A' && left <= 'Z' ? static_cast<char>(left | 0x20) : left) == right;
     };
-    const auto found = std::ranges::search(text_, lowerCaseWords, same);
-    return found.empty() ? std::string::npos : static_cast<std::size_t>(found.begin() - text_.begin());
+    const auto found = std::search(text_.begin(), text_.end(), lowerCaseWords.begin(), lowerCaseWords.end(), same);
+    return found == text_.end() ? std::string::npos : static_cast<std::size_t>(found - text_.begin());
 }
 
 Sql Sql::slice(std::size_t begin, std::size_t end) const {
