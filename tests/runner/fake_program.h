@@ -85,6 +85,7 @@ public:
     core::DatabaseLocator& locator() override { throw std::logic_error("not asked for here"); }
     std::unique_ptr<core::ResourceDeleter> makeResourceDeleter() override { return nullptr; }
     core::SupportService& support() override { throw std::logic_error("not asked for here"); }
+    void copyDatabase(const std::string&, const std::string&) override { throw std::logic_error("not asked for here"); }
 
     platform::ManualClock& clock() { return clock_; }
     frmTest& screen();
