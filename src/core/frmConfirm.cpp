@@ -22,8 +22,6 @@ constexpr std::array<const char*, 5> iconNames{"", "critical", "exclamation", "q
 } // namespace
 
 frmConfirm::frmConfirm(Session& state) : DialogWindow(state, "frmConfirm") {
-    txtMessage.setMultiLine(true);
-    txtMessage.setLocked(true);
     cmdResponse.on(&forms::CommandButton::Click, [this](int index) { respond(index); });
     KeyPress = [this](int& keyAscii) { pressByKey(keyAscii); };
 }
@@ -32,9 +30,9 @@ void frmConfirm::fill(const Question& question) {
     response_ = -1;
     session.vYNMS = -1;
     setCaption(question.title);
-    txtMessage.setText(question.message);
+    lblMessage.setCaption(question.message);
     lblPrompt.setCaption(question.prompt);
-    imgIcon.setCaption(iconNames.at(static_cast<std::size_t>(question.icon)));
+    imgIcon.setTag(iconNames.at(static_cast<std::size_t>(question.icon)));
     const Faces& faces = question.OverwriteMode ? overwriteFaces : question.YesNoOnly ? yesNoFaces : allFaces;
     for (int index = 0; index < cmdResponse.Count(); ++index) {
         const std::string_view face = faces.at(static_cast<std::size_t>(index));

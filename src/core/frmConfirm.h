@@ -4,7 +4,6 @@
 #include "forms/buttons.h"
 #include "forms/control_array.h"
 #include "forms/label.h"
-#include "forms/text_box.h"
 
 namespace zel::core {
 
@@ -26,9 +25,9 @@ public:
 
     [[nodiscard]] int Response() const noexcept { return response_; }
 
-    /// The front end draws the icon of this name: "", "critical", "exclamation", "question", "information".
+    /// Its Tag names the icon that the front end draws: "", "critical", "exclamation", "question", "information".
     forms::Label imgIcon{*this, "imgIcon"};
-    forms::TextBox txtMessage{*this, "txtMessage"};
+    forms::Label lblMessage{*this, "lblMessage"};
     forms::Label lblPrompt{*this, "lblPrompt"};
     forms::ControlArray<forms::CommandButton> cmdResponse{*this, "cmdResponse", 4};
 

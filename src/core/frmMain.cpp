@@ -2,6 +2,9 @@
 
 #include "ado/convert.h"
 #include "core/failure.h"
+#include "core/frmAbout.h"
+#include "core/frmConfirm.h"
+#include "core/frmRefs.h"
 #include "core/lists.h"
 #include "core/open_database.h"
 #include "core/settings.h"
@@ -87,11 +90,13 @@ void frmMain::tbMenu_ButtonClick(const std::string& key) {
 }
 
 void frmMain::bindIncidents() {
+    showingIncident_ = true;
     dbcIncident.each([this](forms::TDBCombo& box) {
         services::SetListColumns(box, session.gIncidentList, 5, false);
         if (box.Index() == 1)
             box.setListField("IncidentNumber");
     });
+    showingIncident_ = false;
 }
 
 void frmMain::showIncident() {
@@ -205,6 +210,14 @@ void frmMain::mnuDataPath_Click() {
         LoadList(session, true, session.gAccountList, 1);
         OpenScreen("Persons", true, 0);
     }
+}
+
+void addCoreForms(Session& session) {
+    session.forms.add("frmMain", [&session] { return std::make_unique<frmMain>(session); });
+    session.forms.add("frmAbout", [&session] { return std::make_unique<frmAbout>(session); });
+    session.forms.add("frmRefs", [&session] { return std::make_unique<frmRefs>(session); });
+    session.forms.add("frmConfirm", [&session] { return std::make_unique<frmConfirm>(session); });
+    session.forms.setShell("frmMain");
 }
 
 void frmMain::log(const std::string& text) const {

@@ -97,6 +97,9 @@ private:
     bool showingIncident_ = false;
 };
 
+/// Makes the windows of the core known to the session's form registry.
+void addCoreForms(Session& session);
+
 /// Changes to another database that the clerk chooses. False when the clerk left without one that can be used.
 bool OpenDB(Session& session, const std::string& server, const std::string& catalog);
 

@@ -12,7 +12,7 @@ Session::~Session() = default;
 
 void Session::adopt(std::shared_ptr<ado::Connection> connection) {
     gConnection = std::move(connection);
-    if (!gConnection)
+    if (!gConnection || gConnection->State() != ado::stateOpen)
         return;
     gConnection->setObserver([this](const std::string& statement) {
         if (frontEnd.statements)
