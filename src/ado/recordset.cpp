@@ -320,7 +320,7 @@ void Recordset::setValue(std::string_view field, const Value& value) {
 }
 
 Value Recordset::valueAt(std::int64_t position, std::size_t field) const {
-    const RowId row = static_cast<RowId>(bookmarkAt(position) - 1);
+    const auto row = static_cast<RowId>(bookmarkAt(position) - 1);
     if (state_->mode == EditModeEnum::InProgress && row == state_->edited && state_->pending[field])
         return *state_->pending[field];
     return state_->rows().store().at(row, field);

@@ -22,8 +22,10 @@ using Bookmark = std::int64_t;
 
 /// Rows of a statement, held on the client in the order the statement gave them, written back row by row.
 ///
-/// Rows are fetched when the first is needed. Until then a Filter and a Sort only add to the statement, so that the
-/// postings of one person can be taken from a source that names them all. Set later, they work on the rows held.
+/// Rows are fetched when the first is needed. A Filter that is set before goes into the statement, so that the postings
+/// of one person can be taken from a source that names them all; another filter then reads its own rows. Set later, it
+/// works on the rows held. Rows are always sorted here: the engine would do the same work, and an empty Sort brings
+/// back the statement's order without asking it again.
 ///
 /// Update writes to the base tables that the changed columns come from, through joins and views alike. It is
 /// optimistic: the row is named by its key and the old values, and a row that is not found any more is Error 0x80040E38

@@ -463,7 +463,7 @@ TEST_P(RecordsetWrite, AnyTextIsStoredAndReadBackUnchanged) {
     open(rows, "Persons");
     for (const std::string& text : {std::string("O'BRIEN"), std::string("say \"yes\"; drop table Persons --"),
                                     std::string("' or 'a'='a"), std::string("\xF0\x9F\x94\xA5 \xC3\xA9\xE2\x82\xAC"),
-                                    std::string("a\\b%_*[]#\r\n\t"), std::string(), large}) {
+                                    std::string("a\\b%_*[]#\r\n\t"), std::string("a\0b", 3), std::string(), large}) {
         rows.AddNew();
         rows.setValue("PersonID", ++key);
         rows.setValue("Remarks", text);
@@ -474,7 +474,7 @@ TEST_P(RecordsetWrite, AnyTextIsStoredAndReadBackUnchanged) {
         again.setValue("Remarks", text + "!");
         again.Update();
     }
-    EXPECT_EQ(lookUp("select count(*) from Persons"), "7");
+    EXPECT_EQ(lookUp("select count(*) from Persons"), "8");
 }
 
 ZEL_ON_BOTH_ENGINES(RecordsetWrite);

@@ -124,7 +124,8 @@ private:
                 at_ += 2;
                 return std::string(pair);
             }
-        return std::string(1, text_[at_++]);
+        const char single = text_[at_++];
+        return {single};
     }
 
     std::string_view text_;

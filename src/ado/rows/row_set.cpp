@@ -78,7 +78,7 @@ bool RowSet::isNullSide(RowId row, std::size_t table) const {
 }
 
 RowSet::Fetched RowSet::fetch(const Criteria& filter) {
-    const RowId firstNew = static_cast<RowId>(store_->rows());
+    const auto firstNew = static_cast<RowId>(store_->rows());
     const EngineKind engine = connection_.engine().kind();
     if (auto narrowing = narrowingCondition(filter, columns(), engine, parameters_.size() + 1)) {
         const std::string text =
@@ -123,7 +123,7 @@ std::string RowSet::identity(RowId row) const {
 }
 
 RowId RowSet::addRow() {
-    const RowId row = static_cast<RowId>(store_->rows());
+    const auto row = static_cast<RowId>(store_->rows());
     for (std::size_t column = 0; column < columns_.size(); ++column)
         store_->addNull();
     added_.push_back(row);
