@@ -35,6 +35,8 @@ public:
     virtual void setNow(ado::DateTime now) = 0;
     /// Lets time pass; timers fire in their order.
     virtual void tick(std::int64_t milliseconds) = 0;
+    /// A new command of the script: what was counted of the last one is forgotten.
+    virtual void beginCommand() = 0;
     /// Sees each statement as composed, on every connection that is opened from now on and on the present one.
     virtual void observeStatements(std::function<void(const std::string&)> observer) = 0;
 };

@@ -82,7 +82,7 @@ bool Runner::runLine(const std::string& text) {
     statements_.clear();
     formCommands_.clear();
     complaint_.clear();
-    context_.program.dialogs().beginCommand();
+    context_.program.beginCommand();
 
     std::string error;
     Json results(Json::Object{});

@@ -79,6 +79,7 @@ public:
     void setNow(ado::DateTime now) override { clock_.set(now); }
     void tick(std::int64_t milliseconds) override;
     void observeStatements(std::function<void(const std::string&)> observer) override;
+    void beginCommand() override { dialogs_.beginCommand(); }
     /// Gives the session a database with the table People (PersonID, Name, Paid, Born, Rate) and two rows.
     void openDatabase();
 
