@@ -42,11 +42,27 @@ std::string expand(std::string_view query, const DdlWords& words) {
     return expanded;
 }
 
+std::string listed(const std::vector<std::string>& columns, const DdlWords& words) {
+    std::string list;
+    for (const std::string& column : columns)
+        list += (list.empty() ? "" : ", ") + words.bare(column);
+    return list;
+}
+
 bool holds(const std::vector<std::string>& names, std::string_view name) {
     for (const std::string& candidate : names)
         if (ado::equalIgnoringCase(candidate, name))
             return true;
     return false;
+}
+
+/// What a wide index keeps besides its own columns. SQLite has the key in every index anyway.
+std::vector<std::string> otherColumns(const Table& table, const Index& index, const DdlWords& words) {
+    std::vector<std::string> others;
+    for (const Column& column : table.columns)
+        if (!holds(index.columns, column.name) && (words.hasIncludedColumns() || !column.isKey()))
+            others.push_back(column.name);
+    return others;
 }
 
 } // namespace
@@ -74,19 +90,12 @@ std::string createTable(const Table& table, const DdlWords& words) {
 }
 
 std::string createIndex(const Table& table, const Index& index, const DdlWords& words) {
-    std::vector<std::string> columns = index.columns;
-    if (index.wide && words.hasWideIndexes())
-        for (const Column& column : table.columns)
-            if (!column.primary && !holds(index.columns, column.name))
-                columns.push_back(column.name);
-    std::string statement = index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
-    statement += words.bare(indexName(table, index)) + " ON " + words.object(table.name);
-    std::string_view separator = " (";
-    for (const std::string& column : columns) {
-        statement += separator;
-        statement += words.bare(column);
-        separator = ", ";
-    }
+    const std::string head = index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
+    std::string statement = head + words.bare(indexName(table, index)) + " ON " + words.object(table.name) + " (" +
+                            listed(index.columns, words);
+    if (index.wide)
+        statement +=
+            (words.hasIncludedColumns() ? ") INCLUDE (" : ", ") + listed(otherColumns(table, index, words), words);
     return statement + ")";
 }
 

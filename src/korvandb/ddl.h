@@ -26,7 +26,8 @@ public:
     [[nodiscard]] virtual std::string bare(std::string_view name) const = 0;
     /// An index is named with its schema, or in the schema of its table.
     [[nodiscard]] virtual std::string indexObject(std::string_view name) const = 0;
-    [[nodiscard]] virtual bool hasWideIndexes() const = 0;
+    /// Whether an index can keep columns that it is not sorted by; else a wide index is sorted by all of them.
+    [[nodiscard]] virtual bool hasIncludedColumns() const = 0;
     /// An expression whose text is to compare without regard to case.
     [[nodiscard]] virtual std::string text(std::string_view expression) const = 0;
 };

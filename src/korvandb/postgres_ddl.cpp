@@ -43,8 +43,7 @@ public:
         return fmt::format("\"{}\"", ado::lowerCase(name));
     }
     [[nodiscard]] std::string indexObject(std::string_view name) const override { return object(name); }
-    /// An entry of an index is limited to a third of a page there, and a remark is not.
-    [[nodiscard]] bool hasWideIndexes() const override { return false; }
+    [[nodiscard]] bool hasIncludedColumns() const override { return true; }
     [[nodiscard]] std::string text(std::string_view expression) const override {
         return fmt::format("({})::citext", expression);
     }

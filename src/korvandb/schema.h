@@ -25,7 +25,7 @@ struct Column {
 struct Index {
     std::vector<std::string> columns;
     bool unique = false;
-    /// SQLite keeps all other columns in it as well.
+    /// Keeps all other columns as well.
     bool wide = false;
 };
 

@@ -38,7 +38,7 @@ public:
     [[nodiscard]] std::string object(std::string_view name) const override { return bare(name); }
     [[nodiscard]] std::string bare(std::string_view name) const override { return fmt::format("[{}]", name); }
     [[nodiscard]] std::string indexObject(std::string_view name) const override { return bare(name); }
-    [[nodiscard]] bool hasWideIndexes() const override { return true; }
+    [[nodiscard]] bool hasIncludedColumns() const override { return false; }
     [[nodiscard]] std::string text(std::string_view expression) const override {
         return fmt::format("({}) COLLATE NOCASE", expression);
     }
