@@ -10,12 +10,15 @@ namespace {
 
 using ado::ColumnType;
 
+/// For whoever looks in with another program: without it texts would compare with regard to case there.
+constexpr const char* searchPath = R"(
+DO $$ BEGIN EXECUTE format('ALTER DATABASE %I SET search_path TO dbo, public', current_database()); END $$)";
+
 class PostgresWords final : public DdlWords {
 public:
     [[nodiscard]] std::vector<std::string> before() const override {
-        std::vector<std::string> statements = {"CREATE SCHEMA dbo", "CREATE EXTENSION citext WITH SCHEMA dbo",
-                                               "SET LOCAL search_path TO dbo"};
-        return statements;
+        return {"CREATE SCHEMA dbo", "CREATE EXTENSION citext WITH SCHEMA dbo", "SET LOCAL search_path TO dbo",
+                searchPath};
     }
 
     [[nodiscard]] std::vector<std::string> after() const override { return postgresFunctions(); }

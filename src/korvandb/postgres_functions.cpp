@@ -16,16 +16,16 @@ $$)";
 
 constexpr const char* leftOfText = R"(
 CREATE FUNCTION dbo.left(value citext, count integer) RETURNS citext
-LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT pg_catalog.left(value::text, count)::citext $$)";
+LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT pg_catalog.left(value::text, count)::dbo.citext $$)";
 
 constexpr const char* substringOfText = R"(
 CREATE FUNCTION dbo.substring(value citext, first integer, count integer) RETURNS citext
-LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT pg_catalog.substring(value::text, first, count)::citext $$)";
+LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT pg_catalog.substring(value::text, first, count)::dbo.citext $$)";
 
 constexpr const char* standard = R"(
 CREATE FUNCTION dbo.zel_standard(number numeric) RETURNS citext
 LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-    SELECT coalesce(to_char(round(number, 2), 'FM999,999,999,999,999,990.00'), '')::citext
+    SELECT coalesce(to_char(round(number, 2), 'FM999,999,999,999,999,990.00'), '')::dbo.citext
 $$)";
 
 constexpr const char* standardOfDouble = R"(
@@ -34,13 +34,13 @@ LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT dbo.zel_standard(number::numer
 
 constexpr const char* moneyText = R"(
 CREATE FUNCTION dbo.zel_money_text(money numeric) RETURNS citext
-LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT round(money, 2)::text::citext $$)";
+LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT round(money, 2)::text::dbo.citext $$)";
 
 /// The row of the table moves by one in a single statement, so two clerks never see the same number. The first call for
 /// a table starts above the highest key; when two clerks make it at once, the second waits and takes the number behind.
 constexpr const char* getNextNumber = R"(
 CREATE FUNCTION dbo.usp_getNextNumber(tablename varchar(40), fieldname varchar(40)) RETURNS integer
-LANGUAGE plpgsql AS $$
+LANGUAGE plpgsql SET search_path = dbo, pg_temp AS $$
 #variable_conflict use_column
 DECLARE
     given integer;

@@ -141,6 +141,34 @@ TEST_P(NewDatabase, An_incident_has_an_account_code_once_whatever_its_letters_ca
     }
 }
 
+TEST(ServerFunctions, Answer_with_any_search_path) {
+    zel::test::TestDatabase database(ado::EngineKind::Postgres);
+    ado::Engine& engine = database.connection().engine();
+    engine.prepare("INSERT INTO Persons (PersonID) VALUES (41)", true)->execute({});
+    engine.prepare("SET search_path TO pg_catalog", false)->execute({});
+    const auto number = [&](const std::string& call) { return Rows(engine, "SELECT " + call).number(0, 0); };
+    const auto text = [&](const std::string& call) { return Rows(engine, "SELECT " + call).text(0, 0); };
+    EXPECT_EQ(number("dbo.usp_getNextNumber('Persons', '')"), 42);
+    EXPECT_EQ(number("dbo.usp_getNextNumber('PERSONS', 'PersonID')"), 43);
+    EXPECT_EQ(number("dbo.usp_getNextNumber('Incidents', '')"), 1);
+    EXPECT_EQ(text("dbo.f_SortRequestNumber('E-7.10')"), "7.001");
+    EXPECT_EQ(text("dbo.left('Abc'::dbo.citext, 2)"), "Ab");
+    EXPECT_EQ(text("dbo.substring('Abcd'::dbo.citext, 2, 2)"), "bc");
+    EXPECT_EQ(text("dbo.zel_standard(1234.5)"), "1,234.50");
+    EXPECT_EQ(text("dbo.zel_money_text(-0.125)"), "-0.13");
+    EXPECT_THROW((void)number("dbo.usp_getNextNumber('Horses', '')"), ado::Error);
+    EXPECT_THROW((void)number("dbo.usp_getNextNumber('L_State', '')"), ado::Error);
+}
+
+TEST_P(NewDatabase, Request_numbers_sort_by_their_number_groups) {
+    const std::string order = onSqlite() ? "f_SortRequestNumber" : "dbo.f_SortRequestNumber";
+    run("INSERT INTO Resources (ResourceID, RequestNumber) VALUES (1, 'E-70'), (2, 'E-8'), (3, 'E-7.10'), (4, "
+        "'E-7.2'), "
+        "(5, 'E-7'), (6, 'E-'), (7, 'E-7.2.1'), (8, 'E-007.3')");
+    EXPECT_THAT(list("SELECT RequestNumber FROM Resources ORDER BY " + order + "(RequestNumber)"),
+                ElementsAre("E-", "E-7", "E-7.2", "E-7.2.1", "E-007.3", "E-7.10", "E-8", "E-70"));
+}
+
 TEST_P(NewDatabase, Tables_of_the_other_modules_can_be_emptied) {
     for (const char* table : {"ContractorDebit", "EquipmentPost", "EquipmentUOM", "quals", "daily", "airday",
                               "ics204_resources", "ics204", "projection", "projectiongroup", "acres", "division"})
