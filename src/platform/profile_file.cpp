@@ -25,15 +25,12 @@ std::string_view trimmed(std::string_view text) {
 std::optional<Line> nextLine(std::string_view text, std::size_t from) {
     if (from >= text.size())
         return std::nullopt;
-    const std::size_t feed = text.find('\n', from);
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (from == 0 && text.starts_with(byteOrderMark))
         from = byteOrderMark.size();
-    Line line{from, feed == std::string_view::npos ? text.size() : feed + 1, {}};
-    line.line = text.substr(from, (feed == std::string_view::npos ? text.size() : feed) - from);
-    if (line.line.ends_with('\r'))
-        line.line.remove_suffix(1);
-    return line;
+    const std::size_t end = std::min(text.find_first_of("\r\n", from), text.size());
+    const std::size_t lineEnd = text.substr(end).starts_with("\r\n") ? 2 : end < text.size() ? 1 : 0;
+    return Line{from, end + lineEnd, text.substr(from, end - from)};
 }
 
 std::optional<std::string_view> sectionName(std::string_view line) {
@@ -82,8 +79,10 @@ Spot locate(std::string_view text, std::string_view section, std::string_view ke
 std::string_view fitting(std::string_view value, std::size_t buffer) {
     value = value.substr(0, value.find('\0'));
     std::size_t characters = 0;
+    int tail = 3; // bytes behind the first of a character; what is more than three, or has no first, counts one by one
     for (std::size_t i = 0; i < value.size(); ++i) {
-        const bool begins = (static_cast<unsigned char>(value[i]) & 0xC0U) != 0x80U;
+        const bool begins = (static_cast<unsigned char>(value[i]) & 0xC0U) != 0x80U || tail == 3;
+        tail = begins ? 0 : tail + 1;
         if (begins && ++characters == buffer)
             return value.substr(0, i);
     }
@@ -106,6 +105,12 @@ std::string_view valueOf(std::string_view line) {
     return value;
 }
 
+// Quotes keep the blanks and quotes at the ends of a value, which reading would take off.
+std::string writtenForm(std::string_view value) {
+    const std::string plain(value);
+    return valueOf("=" + plain) == value ? plain : '"' + plain + '"';
+}
+
 } // namespace
 
 std::string profileValue(std::string_view text, std::string_view section, std::string_view key,
@@ -116,20 +121,20 @@ std::string profileValue(std::string_view text, std::string_view section, std::s
 
 std::string withProfileValue(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value) {
-    value = value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)));
+    const std::string written = writtenForm(value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3))));
     const std::string lineEnd = text.find("\r\n") != std::string_view::npos ? "\r\n" : "\n";
     const Spot spot = locate(text, section, key);
     std::string line;
     if (spot.key) {
         const std::string_view old = spot.key->line;
-        line.append(old.substr(0, old.find('='))).append("=").append(value);
+        line.append(old.substr(0, old.find('='))).append("=").append(written);
         return std::string(text.substr(0, spot.key->begin)) + line +
                std::string(text.substr(spot.key->begin + old.size()));
     }
-    line.append(key).append("=").append(value).append(lineEnd);
+    line.append(key).append("=").append(written).append(lineEnd);
     const std::size_t at = spot.inSection ? spot.insertAt : text.size();
     std::string head(text.substr(0, at));
-    if (!head.empty() && !head.ends_with('\n'))
+    if (!head.empty() && !head.ends_with('\n') && !head.ends_with('\r'))
         head += lineEnd;
     if (!spot.inSection)
         head.append("[").append(section).append("]").append(lineEnd);
@@ -150,6 +155,8 @@ void writeProfile(Files& files, const std::string& path, std::string_view sectio
     const std::string text = present.value_or(std::string());
     if (!isText(text))
         throw FileError(errors::accessDenied, "Cannot write " + path + ": it is no settings file");
+    if (!isText(value.substr(0, value.find('\0'))))
+        throw FileError(errors::accessDenied, "Cannot write " + path + ": the value is no text");
     const std::string old = profileValue(text, section, key, "");
     const bool cutInReading = old != value && fitting(old, buffer) == value;
     const std::string changed = cutInReading ? text : withProfileValue(text, section, key, value);

@@ -23,7 +23,7 @@ namespace zel::platform {
 
 /// Sets one value of a file, which is made when it does not exist. A value that is only what a reading with the same
 /// buffer left of a longer one is not written, as that would lose the rest. Throws FileError when the file cannot be
-/// written or is no text; it is as it was then.
+/// written, or when file or value are no text; the file is as it was then.
 void writeProfile(Files& files, const std::string& path, std::string_view section, std::string_view key,
                   std::string_view value, std::size_t buffer = 255);
 

@@ -81,6 +81,14 @@ TEST_F(ProfileFileTest, AByteOrderMarkDoesNotHideTheSection) {
     EXPECT_EQ(content(), "\xEF\xBB\xBF[ZEL]\r\nA=2\r\n");
 }
 
+TEST_F(ProfileFileTest, ALineMayEndInACarriageReturnAlone) {
+    folder.put("zel.ini", "[ZEL]\rServer=OLD\rCatalog=FIRE");
+    EXPECT_EQ(get("Server"), "OLD");
+    EXPECT_EQ(get("Catalog"), "FIRE");
+    put("Server", "NEW");
+    EXPECT_EQ(content(), "[ZEL]\rServer=NEW\rCatalog=FIRE");
+}
+
 TEST_F(ProfileFileTest, WritingChangesOneLineAndLeavesEveryOtherByte) {
     const std::string before =
         "; by hand\r\n[Other]\r\nx = 1\r\n\r\n[ZEL]\r\n; the server\r\n Server = OLD\r\nLogging=none1\r\n"
@@ -123,6 +131,22 @@ TEST_F(ProfileFileTest, AValueEndsAtALineBreakSoThatItNeverBecomesASecondSetting
     put("Server", "HOST\r\nLogging=none1");
     EXPECT_EQ(get("Server"), "HOST");
     EXPECT_EQ(get("Logging"), "none");
+}
+
+TEST_F(ProfileFileTest, BlanksAndQuotesAtTheEndsOfAValueComeBack) {
+    for (const char* value : {" fire ", "\"fire\"", "'fire'", "\ttab", "say \"no\"", "\""}) {
+        put("Catalog", value);
+        EXPECT_EQ(get("Catalog"), value);
+    }
+    put("Catalog", "big fire");
+    EXPECT_EQ(content(), "[ZEL]\nCatalog=big fire\n");
+}
+
+TEST_F(ProfileFileTest, AValueThatIsNoTextDoesNotSpoilTheFile) {
+    put("Server", "HOST09");
+    EXPECT_THROW(put("Server", "HO\x05ST"), FileError);
+    put("Catalog", "Tab\tstays");
+    EXPECT_EQ(content(), "[ZEL]\nServer=HOST09\nCatalog=Tab\tstays\n");
 }
 
 TEST_F(ProfileFileTest, BinaryFilesAreReadButNeverWritten) {
