@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <fstream>
+#include <sstream>
 #include <vector>
 
 namespace zel::test {
@@ -41,6 +43,11 @@ std::string caseName(const testing::TestParamInfo<Case>& info) {
 /// where these exist.
 class Script : public testing::TestWithParam<Case> {
 protected:
+    /// What came out, in the folder that the test runs in, to be looked at and put in place when it is right.
+    static void keep(const std::string& text, const std::string& ending) {
+        const auto& [name, engine] = GetParam();
+        std::ofstream(name + "." + testing::PrintToString(engine) + ending, std::ios::binary) << text;
+    }
     [[nodiscard]] fs::path file(const std::string& ending) const {
         return fs::path(ZEL_SCRIPTS) / (std::get<0>(GetParam()) + ending);
     }
@@ -49,10 +56,12 @@ protected:
 TEST_P(Script, answers_as_expected) {
     ProgramRun program(std::get<1>(GetParam()));
     const auto answers = program.run(readFile(file(".zel")));
+    keep(answers, ".actual");
     EXPECT_THAT(lines(answers), testing::ElementsAreArray(lines(readFile(file(".expected")))));
     EXPECT_EQ(program.status(), 0);
     const auto settings = file("." + testing::PrintToString(std::get<1>(GetParam())) + ".ini");
     if (fs::exists(settings)) {
+        keep(program.settings(), ".actual.ini");
         EXPECT_EQ(program.settings(), readFile(settings));
     }
 }
