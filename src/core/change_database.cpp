@@ -24,6 +24,11 @@ bool connect(Session& session, const ServerNames& old) {
         session.End();
         return false;
     }
+    if (!session.gServerDialect && old.server.empty()) {
+        // A database file has no names of a server: the old one is opened by its path.
+        OpenDesktopDB(session, session.gDBPath);
+        return session.gConnection && session.gConnection->State() == ado::stateOpen;
+    }
     session.gServerName = old.server;
     session.gCatalogName = old.catalog;
     return OpenServerDB(session, false);

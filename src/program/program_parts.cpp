@@ -1,7 +1,7 @@
 #include "program/program_parts.h"
 
 #include "core/frmMain.h"
-#include "program/direct_suite.h"
+#include "suite/korvan_suite.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -32,11 +32,12 @@ core::App describe(const std::string& folder) {
 }
 
 std::unique_ptr<core::Suite> makeSuite() {
-    return std::make_unique<DirectSuite>();
+    return std::make_unique<suite::KorvanSuite>();
 }
 
 void addScreens(core::Session& session) {
     core::addCoreForms(session);
+    suite::addSuiteForms(session);
 }
 
 } // namespace zel::program

@@ -39,8 +39,8 @@ std::string caseName(const testing::TestParamInfo<Case>& info) {
     return name + "_" + testing::PrintToString(std::get<1>(info.param));
 }
 
-/// NAME.zel with what it answers in NAME.expected, and the settings it leaves in NAME.Sqlite.ini and NAME.Postgres.ini
-/// where these exist.
+/// NAME.zel with what it answers in NAME.expected and, where it is there, the settings it leaves in NAME.ini; each as
+/// NAME.ENGINE.... where the engines differ.
 class Script : public testing::TestWithParam<Case> {
 protected:
     /// What came out, in the folder that the test runs in, to be looked at and put in place when it is right.
@@ -48,8 +48,11 @@ protected:
         const auto& [name, engine] = GetParam();
         std::ofstream(name + "." + testing::PrintToString(engine) + ending, std::ios::binary) << text;
     }
-    [[nodiscard]] fs::path file(const std::string& ending) const {
-        return fs::path(ZEL_SCRIPTS) / (std::get<0>(GetParam()) + ending);
+    /// The engine's own file where there is one, else the one for both.
+    [[nodiscard]] static fs::path file(const std::string& ending) {
+        const auto& [name, engine] = GetParam();
+        const fs::path own = fs::path(ZEL_SCRIPTS) / (name + "." + testing::PrintToString(engine) + ending);
+        return fs::exists(own) ? own : fs::path(ZEL_SCRIPTS) / (name + ending);
     }
 };
 
@@ -59,7 +62,7 @@ TEST_P(Script, answers_as_expected) {
     keep(answers, ".actual");
     EXPECT_THAT(lines(answers), testing::ElementsAreArray(lines(readFile(file(".expected")))));
     EXPECT_EQ(program.status(), 0);
-    const auto settings = file("." + testing::PrintToString(std::get<1>(GetParam())) + ".ini");
+    const auto settings = file(".ini");
     if (fs::exists(settings)) {
         keep(program.settings(), ".actual.ini");
         EXPECT_EQ(program.settings(), readFile(settings));
