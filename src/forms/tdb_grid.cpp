@@ -122,7 +122,11 @@ int TDBGrid::namedColumn(std::string_view captionOrField) const noexcept {
 }
 
 int TDBGrid::sourceColumn(const GridColumn& column) const {
-    if (!source_ || column.DataField().empty())
+    if (!source_)
+        return -1;
+    if (ownColumns_)
+        return column.ColIndex();
+    if (column.DataField().empty())
         return -1;
     const int named = source_->columnIndex(column.DataField());
     if (named >= 0 || source_->array() == nullptr)
@@ -142,7 +146,7 @@ Value TDBGrid::storedValue(std::int64_t row, int column) const {
     if (row < 0 || row >= rowCount())
         return {};
     const GridColumn& shown = columns_.at(column);
-    if (shown.DataField().empty()) {
+    if (shown.DataField().empty() && !ownColumns_) {
         Value value;
         raise(UnboundColumnFetch, source_->bookmarkAt(row), column, value);
         return value;
@@ -151,14 +155,16 @@ Value TDBGrid::storedValue(std::int64_t row, int column) const {
     return field < 0 ? Value() : source_->cell(row, field);
 }
 
-Value TDBGrid::cellValue(std::int64_t row, int column) const {
+Value TDBGrid::cellValue(std::int64_t row, int column) {
+    ensureColumns();
     if (row == this->row())
         return currentValue(column);
     return storedValue(row, column);
 }
 
-std::string TDBGrid::cellText(std::int64_t row, int column) const {
-    return shownText(cellValue(row, column), columns_.at(column));
+std::string TDBGrid::cellText(std::int64_t row, int column) {
+    const Value value = cellValue(row, column);
+    return shownText(value, columns_.at(column));
 }
 
 Value TDBGrid::currentValue(int column) const {
@@ -468,7 +474,7 @@ bool TDBGrid::MovePrevious() {
 }
 
 bool TDBGrid::moveBy(std::int64_t rows) {
-    const auto at = row();
+    const auto at = onNewRow_ ? rowCount() : row();
     if (at < 0)
         return false;
     bof_ = at + rows < 0;

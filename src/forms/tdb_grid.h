@@ -57,8 +57,8 @@ public:
     bool AllowUpdate = true, AllowAddNew = false, AllowDelete = false;
     /// FetchRowStyle and UnboundColumnFetch are asked only for rows that are drawn.
     [[nodiscard]] RowStyle rowStyle(std::int64_t row) const;
-    [[nodiscard]] std::string cellText(std::int64_t row, int column) const;
-    [[nodiscard]] Value cellValue(std::int64_t row, int column) const;
+    [[nodiscard]] std::string cellText(std::int64_t row, int column);
+    [[nodiscard]] Value cellValue(std::int64_t row, int column);
 
     /// The current row from 0, newRow or noRow. Moving writes a changed row first; false when that was refused.
     [[nodiscard]] std::int64_t row() const;

@@ -112,7 +112,9 @@ Outcome User::row(Control& target, std::int64_t row) {
     if (auto refused = readyGrid(target); !refused)
         return refused;
     auto& grid = static_cast<TDBGrid&>(target);
-    if (row == TDBGrid::newRow ? !grid.AllowAddNew : row < 0 || row >= grid.rowCount())
+    if (row == TDBGrid::newRow && !grid.AllowAddNew)
+        return {target.fullName() + " takes no new rows"};
+    if (row != TDBGrid::newRow && (row < 0 || row >= grid.rowCount()))
         return {target.fullName() + " has no " + rowName(row)};
     if (!grid.setRow(row))
         return {rowName(grid.row()) + " of " + target.fullName() + " cannot be left"};
