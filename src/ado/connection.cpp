@@ -125,8 +125,10 @@ Connection::Prepared Connection::prepare(const Sql& statement) {
     return namingStatement(statement, [&]() -> Prepared {
         sql::Translated translated = cache_->translator.translate(statement.text());
         const bool writes = translated.shape->kind != sql::StatementKind::Select;
-        return {cache_->get(open, translated.shape->engineText, writes), translated.shape,
-                std::move(translated.parameters)};
+        auto prepared = cache_->get(open, translated.shape->engineText, writes);
+        if (!writes)
+            (void)prepared->columns(); // a server looks at the text only when it is asked for them
+        return {std::move(prepared), translated.shape, std::move(translated.parameters)};
     });
 }
 
