@@ -5,20 +5,35 @@
 #include "runner/commands.h"
 #include "runner/context.h"
 #include "runner/procedures.h"
+#include "runner/spelling.h"
 
 #include <fmt/format.h>
+
+#include <algorithm>
 
 namespace zel::runner::data_commands {
 
 namespace {
 
+/// Names of the fields; empty for one whose name an earlier field has: the first is meant.
+std::vector<std::string> fieldNames(const ado::Recordset& records) {
+    std::vector<std::string> names;
+    for (std::size_t field = 0; field < records.fieldCount(); ++field) {
+        auto name = spelledName(records.fieldInfo(field).name, records.Source().text());
+        names.push_back(std::ranges::find(names, name) == names.end() ? std::move(name) : std::string());
+    }
+    return names;
+}
+
 Json rowsOf(const ado::Recordset& records) {
     Json rows(Json::Array{});
-    const auto fields = records.fieldCount();
+    const auto names = fieldNames(records);
     for (std::int64_t position = 1; position <= records.RecordCount(); ++position) {
         Json row(Json::Object{});
-        for (std::size_t field = 0; field < fields; ++field)
-            row.set(records.fieldInfo(field).name, records.valueAt(position, field));
+        for (std::size_t field = 0; field < names.size(); ++field) {
+            if (!names[field].empty())
+                row.set(names[field], records.valueAt(position, field));
+        }
         rows.append(std::move(row));
     }
     return rows;

@@ -23,6 +23,7 @@ auto converted(const std::string& text, std::string_view what, Convert convert) 
 
 Procedures makeTable() {
     Procedures table;
+    addCoreProcedures(table);
     addDataProcedures(table);
     addPostingProcedures(table);
     addServicesProcedures(table);

@@ -58,6 +58,7 @@ struct Procedure {
 
 /// The procedures of each part of the program. A part adds its own here.
 using Procedures = std::vector<Procedure>;
+void addCoreProcedures(Procedures& table);
 void addDataProcedures(Procedures& table);
 void addPostingProcedures(Procedures& table);
 void addServicesProcedures(Procedures& table);

@@ -211,6 +211,12 @@ TEST_F(RunnerTest, Statements_give_rows_by_column) {
                 HasSubstr(R"("error":"the statement gives 2 rows, not 1")"));
 }
 
+TEST_F(RunnerTest, Columns_are_spelled_as_in_the_schema_and_the_first_of_a_name_is_meant) {
+    program.openDatabase();
+    EXPECT_THAT(answer("sql 'select 1 as persONid, 2 as MyOwn, 3 as lnfn, 4 as PersonID'"),
+                HasSubstr(R"("rows":[{"PersonID":1,"MyOwn":2,"LnFn":3}])"));
+}
+
 TEST_F(RunnerTest, Statements_are_reported_once_they_are_asked_for) {
     program.openDatabase();
     const auto lines = run("expect-rows 2 'select * from People'\nstatements on\nexpect-rows 2 'select * from People'\n"
