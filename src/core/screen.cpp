@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 #include "forms/form_registry.h"
+#include "forms/menu.h"
 #include "platform/files.h"
 #include "services/clsDebug.h"
 #include "services/log_controls.h"
@@ -21,6 +22,12 @@ void Screen::writeDump(const std::string& between) {
     text += between;
     text += services::LogControls(*this);
     session.files.write(session.gLogFolder + Name() + ".dump.log", text);
+}
+
+void Screen::PopupMenu(std::string_view menu) {
+    const Form* shell = session.forms.shell();
+    if (auto* popup = shell == nullptr ? nullptr : dynamic_cast<forms::Menu*>(shell->find(menu)))
+        session.forms.PopupMenu(*popup);
 }
 
 void writeLog(const Session& session, const std::string& text) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -30,6 +31,9 @@ protected:
     [[nodiscard]] std::function<void()> handler(std::function<void()> action);
     /// The same for what must run even while the program is working.
     [[nodiscard]] std::function<void()> always(std::function<void()> action);
+
+    /// Shows a pop-up menu of the shell, from RightClick: "mnuPopup" on grids.
+    void PopupMenu(std::string_view menu);
 
     Session& session;
 };

@@ -30,6 +30,8 @@ public:
     std::unique_ptr<ResourceDeleter> makeResourceDeleter() override;
     void copyDatabase(const std::string& path, const std::string& copy) override {
         calls_.push_back("copyDatabase " + path + " " + copy);
+        if (copyFails)
+            throw ado::Error(ado::ErrorKind::Engine, ado::errors::failed, "no room");
     }
 
     void ShowSecurity(Session&) override { calls_.emplace_back("ShowSecurity"); }
@@ -49,6 +51,8 @@ public:
                            std::string& catalog) override {
         calls_.push_back("OpenServer " + module + " '" + server + "' '" + catalog + "'");
         if (server.empty() && catalog.empty()) {
+            if (refuseChoice)
+                return {};
             server = chosenServer;
             catalog = chosenCatalog;
         }
@@ -67,9 +71,12 @@ public:
     void ShowSupport(Session&) override { calls_.emplace_back("ShowSupport"); }
 
     bool serverAnswers = true;
+    /// The clerk leaves the selection window without a choice.
+    bool refuseChoice = false;
     /// The connection comes back closed.
     bool opens = true;
     bool deletesIncident = false;
+    bool copyFails = false;
     std::string chosenServer = "HOST01", chosenCatalog = "Korvan";
 
 private:
