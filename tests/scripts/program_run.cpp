@@ -82,6 +82,10 @@ std::string ProgramRun::run(const std::string& script) {
     return named(std::move(output));
 }
 
+void ProgramRun::removeDatabase() const {
+    fs::remove(database_.file());
+}
+
 std::string ProgramRun::settings() const {
     return named(readFile(folder_ / "zel" / "zel.ini"));
 }

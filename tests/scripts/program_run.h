@@ -18,6 +18,10 @@ public:
     /// Runs a script in which `start False` means the engine at hand. Gives what was written, with the folder as
     /// `{home}` and the database as `{database}`.
     std::string run(const std::string& script);
+    /// The program folder.
+    [[nodiscard]] std::string home() const { return (folder_ / "zel").string(); }
+    /// Takes the database file away.
+    void removeDatabase() const;
     [[nodiscard]] int status() const noexcept { return status_; }
     /// `zel.ini` as it is now, with the same names put in.
     [[nodiscard]] std::string settings() const;
