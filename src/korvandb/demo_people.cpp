@@ -147,9 +147,10 @@ void writeIndividuals(DemoWorld& world, const Progress& progress) {
         const std::string firstName = world.random.of(world.firstNames), lastName = world.random.of(world.lastNames);
         const Value status = statusOf(person);
         const bool contractedHere = person % 10 == 4;
-        world.resources.rows().add({member.resource, incident.id, lastName + "," + firstName, member.requestNumber,
-                                    member.agency, Value(), member.kind, DemoWorld::day(-1), Value(), Value(), Value(),
-                                    status, 1, false, member.account, Value(), Value(), contractedHere, false});
+        world.resources.rows().add({member.resource, incident.id, fmt::format("{},{}", lastName, firstName),
+                                    member.requestNumber, member.agency, Value(), member.kind, DemoWorld::day(-1),
+                                    Value(), Value(), Value(), status, 1, false, member.account, Value(), Value(),
+                                    contractedHere, false});
         const int key = writePerson(world, member, status, firstName, lastName);
         world.workers.push_back({key, member.account, invoiceFor(world, person), person % 12,
                                  member.pay.fedCode == "AD", member.kind, member.pay.payClass.as<std::string>(),

@@ -160,9 +160,9 @@ void writeDebits(DemoWorld& world) {
     for (std::size_t number = 0; number < world.workers.size(); number += 2) {
         const DemoWorker& worker = world.workers[number];
         const int quarters = 8 + world.random.below(200);
-        world.debits.rows().add({world.debits.nextKey(), worker.id,
-                                 DemoWorld::day(static_cast<int>(number) % world.size.days),
-                                 world.random.of(commodities), worker.account, Currency::fromTicks(quarters * 2'500)});
+        world.debits.rows().add(
+            {world.debits.nextKey(), worker.id, DemoWorld::day(static_cast<int>(number) % world.size.days),
+             world.random.of(commodities), worker.account, Currency::fromTicks(std::int64_t{quarters} * 2'500)});
     }
     for (const DemoRow& row : world.texts.rows("Adjustments")) {
         const DemoContracted& thing = world.contracted[static_cast<std::size_t>(row.number("Equipment") - 1)];

@@ -35,9 +35,9 @@ class DemoTexts {
 public:
     DemoTexts();
 
-    [[nodiscard]] std::vector<DemoRow> rows(std::string_view block) const;
+    [[nodiscard]] std::vector<DemoRow> rows(std::string_view name) const;
     /// A column of a block as a plain list.
-    [[nodiscard]] std::vector<std::string> list(std::string_view block, std::string_view column) const;
+    [[nodiscard]] std::vector<std::string> list(std::string_view name, std::string_view column) const;
 
 private:
     [[nodiscard]] const TextBlock& block(std::string_view name) const;

@@ -3,6 +3,7 @@
 #include <cassert>
 #include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace zel::korvandb {
 
@@ -18,8 +19,8 @@ std::vector<std::string> wordsOf(const std::string& text) {
 
 } // namespace
 
-RowWriter::RowWriter(ado::Engine& engine, const std::string& table, const std::string& columns)
-    : engine_(engine), words_(ddlWords(engine.kind())), table_(table), columns_(wordsOf(columns)),
+RowWriter::RowWriter(ado::Engine& engine, std::string table, const std::string& columns)
+    : engine_(engine), words_(ddlWords(engine.kind())), table_(std::move(table)), columns_(wordsOf(columns)),
       rowsInStatement_(mostParameters / columns_.size()) {
     waiting_.reserve(mostParameters);
 }

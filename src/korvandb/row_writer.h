@@ -15,7 +15,7 @@ namespace zel::korvandb {
 class RowWriter {
 public:
     /// `columns` are names parted by blanks, as the cells of add() follow each other.
-    RowWriter(ado::Engine& engine, const std::string& table, const std::string& columns);
+    RowWriter(ado::Engine& engine, std::string table, const std::string& columns);
 
     void add(std::initializer_list<ado::Value> cells);
     /// Writes what has been gathered.

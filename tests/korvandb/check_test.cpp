@@ -50,11 +50,11 @@ TEST_P(Check, Every_relation_is_looked_at) {
           "INSERT INTO Contractor (ContractorID, IncidentID) VALUES (61, 99)",
           "INSERT INTO Agreement (AgreementID, ContractorID, AdminOfficeID) VALUES (62, 99, 99)",
           "INSERT INTO PersonsPost (PersonsPostID, PersonID, AccountingID, InvoiceID) VALUES (71, 99, 99, 99)",
-          "INSERT INTO ContractorPost (ContractorPostID, EquipmentID, ResourceID, AccountingID, InvoiceID) VALUES "
-          "(72, 99, 99, 99, 99)",
+          ("INSERT INTO ContractorPost (ContractorPostID, EquipmentID, ResourceID, AccountingID, InvoiceID) VALUES "
+           "(72, 99, 99, 99, 99)"),
           "INSERT INTO PersonsDebit (PersonsDebitID, PersonID, AccountingID) VALUES (81, 99, 99)",
-          "INSERT INTO ContractorAdjustments (ContractorAdjustmentID, ContractorID, EquipmentID, ResourceID, "
-          "AccountingID, InvoiceID) VALUES (82, 99, 99, 99, 99, 99)"})
+          ("INSERT INTO ContractorAdjustments (ContractorAdjustmentID, ContractorID, EquipmentID, ResourceID, "
+           "AccountingID, InvoiceID) VALUES (82, 99, 99, 99, 99, 99)")})
         run(statement);
     std::vector<std::string> columns;
     for (const std::string& fault : faults())

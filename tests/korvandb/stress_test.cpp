@@ -17,6 +17,7 @@
 #include <memory>
 #include <set>
 #include <stdexcept>
+#include <vector>
 
 /// Many clerks at once and clerks whose machine dies. Runs small with every test run; ZEL_STRESS=long makes it the size
 /// of a busy day.
@@ -98,6 +99,7 @@ TEST_P(Stress, Eight_clerks_who_take_keys_at_once_get_each_key_once_and_lose_non
     const int clerks = 8, each = isLong() ? 2'000 : 25;
     run("INSERT INTO Persons (PersonID) VALUES (500)");
     std::vector<std::unique_ptr<Clerk>> office;
+    office.reserve(clerks);
     for (int i = 0; i < clerks; ++i)
         office.push_back(std::make_unique<Clerk>([&, target = database().target()](auto give) {
             const auto clerk = Target(target).open();
