@@ -42,13 +42,14 @@ bool Link::waitOnce(int attempt) {
         waitingSince_ = now;
     if (now - waitingSince_ >= patience_)
         return false;
-    // Most waits are over in a few milliseconds: the first rounds are short and do not trouble the window.
-    if (attempt >= 5 && idle_) {
+    // Most waits are over in a few milliseconds and do not trouble the window.
+    if (attempt > 0 && attempt % 5 == 0 && idle_) {
         waiting_ = true;
         idle_();
         waiting_ = false;
     }
-    std::this_thread::sleep_for(attempt < 5 ? 1ms : 10ms);
+    // Nobody queues for the file: who looks rarely finds it free rarely, and others who write without a pause go first.
+    std::this_thread::sleep_for(1ms);
     return true;
 }
 
