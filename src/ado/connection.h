@@ -46,6 +46,10 @@ public:
     std::int64_t Execute(const Sql& statement);
     /// Text that is all the program's or the user's own, as typed into the runner's `sql`.
     std::int64_t Execute(std::string_view statement) { return Execute(Sql::words(statement)); }
+    template <std::size_t N>
+    std::int64_t Execute(const char (&statement)[N]) {
+        return Execute(Sql::words({statement, N - 1}));
+    }
 
     /// What usp_getNextNumber gives: the next free key of a table.
     [[nodiscard]] std::int32_t nextNumber(std::string_view table, std::string_view field);

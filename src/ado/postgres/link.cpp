@@ -93,7 +93,7 @@ void Link::ConnectionCloser::operator()(pg_conn* connection) const noexcept {
 
 Link::Link(const PostgresTarget& target, const PostgresOptions& options)
     : connection_(connect(target, options)),
-      answerLimit_(options.statementLimit == 0ms ? 0ms : options.statementLimit + 5s) {
+      answerLimit_(options.statementLimit + std::min<std::chrono::milliseconds>(options.statementLimit, 5s)) {
     if (PQstatus(connection_.get()) != CONNECTION_OK)
         throw openErrorOf(connection_.get());
     PQsetNoticeReceiver(connection_.get(), ignoreNotice, nullptr);
