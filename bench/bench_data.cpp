@@ -41,8 +41,8 @@ void fill(ado::Engine& engine, Content content) {
 
 class SqliteRivals final : public Rivals {
 public:
-    SqliteRivals(const fs::path& file, const fs::path& rawFile) : raw_(raw_sqlite_open(rawFile.c_str())) {
-        connection_.Open(ado::openSqlite(file));
+    SqliteRivals(const fs::path& file, const fs::path& rawFile, bool durable) : raw_(raw_sqlite_open(rawFile.c_str())) {
+        connection_.Open(ado::openSqlite(file, {.durable = durable}));
     }
     ~SqliteRivals() override { raw_sqlite_close(raw_); }
     raw_rows* read(const std::string& engineText, const int* keys, int keyCount) override {
@@ -112,8 +112,8 @@ fs::path plainIndexFile() {
     return file;
 }
 
-std::unique_ptr<Rivals> sqliteRivals(const fs::path& file, const fs::path& rawFile) {
-    return std::make_unique<SqliteRivals>(file, rawFile);
+std::unique_ptr<Rivals> sqliteRivals(const fs::path& file, const fs::path& rawFile, bool durable) {
+    return std::make_unique<SqliteRivals>(file, rawFile, durable);
 }
 
 std::unique_ptr<Rivals> postgresRivals(Content content) {

@@ -33,7 +33,7 @@ protected:
 
 /// `rawFile` is what the raw program opens, where it is another file than ours.
 [[nodiscard]] std::unique_ptr<Rivals> sqliteRivals(const std::filesystem::path& file,
-                                                   const std::filesystem::path& rawFile);
+                                                   const std::filesystem::path& rawFile, bool durable = true);
 /// On a server of its own, filled anew.
 [[nodiscard]] std::unique_ptr<Rivals> postgresRivals(Content content);
 

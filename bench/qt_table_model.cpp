@@ -1,9 +1,14 @@
 #include "qt_table_model.h"
 
+#include "raw_sqlite.h"
+
 #include <QCoreApplication>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
+#include <QSqlQuery>
 #include <QSqlTableModel>
+#include <QVariant>
 
 #include <stdexcept>
 
@@ -27,11 +32,15 @@ void startQt() {
 
 } // namespace
 
-QtPostings::QtPostings(const std::filesystem::path& file, int person) {
+QtPostings::QtPostings(const std::filesystem::path& file, int person, bool durable) {
     startQt();
     QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", connectionName);
     database.setDatabaseName(QString::fromStdString(file.string()));
     require(database.open(), database.lastError());
+    const QVariant handle = database.driver()->handle();
+    raw_sqlite_add_collation(*static_cast<sqlite3* const*>(handle.constData()));
+    if (!durable)
+        database.exec("PRAGMA synchronous = OFF");
     model_ = std::make_unique<QSqlTableModel>(nullptr, database);
     model_->setTable("PersonsPost");
     model_->setEditStrategy(QSqlTableModel::OnManualSubmit);

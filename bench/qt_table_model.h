@@ -12,7 +12,7 @@ namespace zel::bench {
 /// show them in a grid.
 class QtPostings {
 public:
-    QtPostings(const std::filesystem::path& file, int person);
+    QtPostings(const std::filesystem::path& file, int person, bool durable);
     ~QtPostings();
     QtPostings(const QtPostings&) = delete;
     QtPostings& operator=(const QtPostings&) = delete;

@@ -12,10 +12,24 @@ static void check(sqlite3* database, int code, int expected) {
     abort();
 }
 
+static int compare_money(void* unused, int left_length, const void* left, int right_length, const void* right) {
+    (void)unused;
+    char first[32] = "", second[32] = "";
+    memcpy(first, left, (size_t)(left_length < 31 ? left_length : 31));
+    memcpy(second, right, (size_t)(right_length < 31 ? right_length : 31));
+    const double difference = strtod(first, NULL) - strtod(second, NULL);
+    return difference < 0 ? -1 : difference > 0;
+}
+
+void raw_sqlite_add_collation(sqlite3* database) {
+    check(database, sqlite3_create_collation_v2(database, "ZMONEY", SQLITE_UTF8, NULL, compare_money, NULL), SQLITE_OK);
+}
+
 sqlite3* raw_sqlite_open(const char* file) {
     sqlite3* database = NULL;
     check(database, sqlite3_open_v2(file, &database, SQLITE_OPEN_READWRITE, NULL), SQLITE_OK);
     check(database, sqlite3_exec(database, "PRAGMA synchronous=FULL", NULL, NULL, NULL), SQLITE_OK);
+    raw_sqlite_add_collation(database);
     return database;
 }
 

@@ -9,6 +9,8 @@ struct raw_rows;
 
 /* As this program opens a file: rollback journal, every commit on the disk. */
 struct sqlite3* raw_sqlite_open(const char* file);
+/* The order of money texts, without which the engine does not write a row that has some. */
+void raw_sqlite_add_collation(struct sqlite3* database);
 void raw_sqlite_close(struct sqlite3* database);
 
 /* Every cell copied into a block of its own. `keys` are bound to ?1, ?2 and so on. */

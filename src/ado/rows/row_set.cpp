@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <unordered_map>
 
 namespace zel::ado {
 
@@ -19,6 +18,23 @@ namespace {
 
 /// No table has a column of that name, so the added one is never taken for one of the statement's.
 constexpr std::string_view addedKeyName = "zel_key";
+
+/// The keys of all tables in a row, packed; empty when there are none.
+std::string identity(const std::vector<BaseTable>& tables, const RowStore& rows, std::size_t row) {
+    std::string keys;
+    for (const BaseTable& table : tables) {
+        if (!table.keyColumn)
+            continue;
+        const Value key = rows.at(row, *table.keyColumn);
+        if (key.type() == Value::Type::Integer) {
+            const auto number = key.as<std::int64_t>();
+            keys.append(reinterpret_cast<const char*>(&number), sizeof number);
+        } else {
+            keys.append(toText(key)).push_back('\n');
+        }
+    }
+    return keys;
+}
 
 /// Without the blanks and the ";" that may end it.
 std::string_view openEnded(const std::string& engineText, const sql::Outline& parts) {
@@ -78,48 +94,52 @@ bool RowSet::isNullSide(RowId row, std::size_t table) const {
 }
 
 RowSet::Fetched RowSet::fetch(const Criteria& filter) {
-    const auto firstNew = static_cast<RowId>(store_->rows());
     const EngineKind engine = connection_.engine().kind();
-    if (auto narrowing = narrowingCondition(filter, columns(), engine, parameters_.size() + 1)) {
-        const std::string text =
-            fmt::format("SELECT * FROM ({}) AS {} WHERE {}", openEnded(engineText_, sql::outline(engineText_)),
-                        rowsOfSource, narrowing->text);
-        std::vector<Value> parameters = parameters_;
-        std::ranges::move(narrowing->parameters, std::back_inserter(parameters));
-        connection_.prepareNative(text, false)->query(parameters, *store_);
-        return {recognise(firstNew), true};
-    }
-    connection_.prepareNative(engineText_, false)->query(parameters_, *store_);
-    return {recognise(firstNew), false};
+    auto narrowing = narrowingCondition(filter, columns(), engine, parameters_.size() + 1);
+    if (!narrowing)
+        return {run(*connection_.prepareNative(engineText_, false), parameters_), false};
+    const std::string text =
+        fmt::format("SELECT * FROM ({}) AS {} WHERE {}", openEnded(engineText_, sql::outline(engineText_)),
+                    rowsOfSource, narrowing->text);
+    std::vector<Value> parameters = parameters_;
+    std::ranges::move(narrowing->parameters, std::back_inserter(parameters));
+    return {run(*connection_.prepareNative(text, false), parameters), true};
 }
 
-std::vector<RowId> RowSet::recognise(RowId firstNew) {
-    std::vector<RowId> order(store_->rows() - firstNew);
-    std::iota(order.begin(), order.end(), firstNew);
-    if (firstNew == 0)
-        return order;
-    std::unordered_map<std::string, RowId> held;
-    for (RowId row = 0; row < firstNew; ++row)
-        if (std::string keys = identity(row); !keys.empty() && !isRemoved(row))
-            held.emplace(std::move(keys), row);
-    for (RowId& row : order) {
-        const auto known = held.find(identity(row));
-        if (known == held.end())
-            continue;
-        for (std::size_t column = 0; column < columns_.size(); ++column)
-            store_->set(known->second, column, store_->at(row, column));
-        row = known->second;
-        held.erase(known);
+std::vector<RowId> RowSet::run(PreparedStatement& statement, std::span<const Value> parameters) {
+    if (store_->rows() != 0) {
+        RowStore fresh(columns_.size());
+        statement.query(parameters, fresh);
+        return merge(fresh);
     }
+    statement.query(parameters, *store_);
+    std::vector<RowId> order(store_->rows());
+    std::iota(order.begin(), order.end(), RowId{0});
     return order;
 }
 
-std::string RowSet::identity(RowId row) const {
-    std::string keys;
-    for (const BaseTable& table : tables_)
-        if (table.keyColumn)
-            keys += toText(store_->at(row, *table.keyColumn)) + '\n';
-    return keys;
+std::vector<RowId> RowSet::merge(const RowStore& fresh) {
+    const auto held = static_cast<RowId>(store_->rows());
+    for (; indexed_ < held; ++indexed_)
+        if (std::string keys = identity(tables_, *store_, indexed_); !keys.empty())
+            byIdentity_.insert_or_assign(std::move(keys), indexed_);
+    std::vector<bool> taken(held);
+    std::vector<RowId> order;
+    order.reserve(fresh.rows());
+    for (std::size_t row = 0; row < fresh.rows(); ++row) {
+        const auto known = byIdentity_.find(identity(tables_, fresh, row));
+        const bool isHeld = known != byIdentity_.end() && !isRemoved(known->second) && !taken[known->second];
+        const RowId number = isHeld ? known->second : static_cast<RowId>(store_->rows());
+        for (std::size_t column = 0; column < columns_.size(); ++column)
+            if (isHeld)
+                store_->set(number, column, fresh.at(row, column));
+            else
+                store_->add(fresh.at(row, column));
+        if (isHeld)
+            taken[number] = true;
+        order.push_back(number);
+    }
+    return order;
 }
 
 RowId RowSet::addRow() {

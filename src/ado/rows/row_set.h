@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace zel::ado {
@@ -63,10 +64,9 @@ public:
 private:
     void readTables();
     void addKey();
-    /// Row numbers of what was fetched from `firstNew` on, rows that were held before among them.
-    [[nodiscard]] std::vector<RowId> recognise(RowId firstNew);
-    /// The keys of all tables as one text; empty when there are none.
-    [[nodiscard]] std::string identity(RowId row) const;
+    [[nodiscard]] std::vector<RowId> run(PreparedStatement& statement, std::span<const Value> parameters);
+    /// Takes in rows of a later run; gives their numbers, those of rows held before among them.
+    [[nodiscard]] std::vector<RowId> merge(const RowStore& fresh);
 
     Connection& connection_;
     /// The prepared statement is the connection's: it goes when that is closed, though rows are still held.
@@ -77,6 +77,9 @@ private:
     std::vector<BaseTable> tables_;
     std::vector<std::optional<std::size_t>> tableOf_;
     std::unique_ptr<RowStore> store_;
+    /// The first `indexed_` rows by their identity; made when rows are fetched a second time.
+    std::unordered_map<std::string, RowId> byIdentity_;
+    RowId indexed_ = 0;
     std::vector<RowId> added_;
     std::vector<bool> removed_;
     std::size_t removals_ = 0;

@@ -61,7 +61,14 @@ void SqliteEngine::requireOurTables() {
 }
 
 void SqliteEngine::chooseJournal() {
-    run(libraryMayUseWal(sqlite3_libversion_number()) ? "PRAGMA journal_mode = WAL" : "PRAGMA journal_mode = DELETE");
+    if (libraryMayUseWal(sqlite3_libversion_number())) {
+        run("PRAGMA journal_mode = WAL");
+        return;
+    }
+    // The journal is ended by wiping its head, which is waited for. Unlinking it is not: it may come undone when the
+    // power fails, and a commit that was reported with it.
+    run("PRAGMA journal_mode = PERSIST");
+    run("PRAGMA journal_size_limit = 1048576");
 }
 
 std::string SqliteEngine::connectionText() const {
