@@ -184,7 +184,6 @@ private:
         const TokenKind kind = tokens_[made.token].kind;
         switch (made.type) {
         case ColumnType::Text:
-            return true;
         case ColumnType::DateTime:
             return true;
         case ColumnType::Currency:

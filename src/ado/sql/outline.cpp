@@ -32,7 +32,7 @@ public:
         endItem();
         for (const SourceTokens& source : query.sources)
             addSource(source);
-        if (hasWhere_ && out_.whereBegin == Outline::none)
+        if ((hasWhere_ && out_.whereBegin == Outline::none) || hasLooseBracket())
             out_.closed = true;
         return std::move(out_);
     }
@@ -43,12 +43,27 @@ private:
             return;
         const bool top = structure_.depth[at_] == 0;
         const Clause clause = structure_.clause[at_];
+        if (top)
+            followOrder(tokens_[at_].keyword);
         if (clause == Clause::SelectList)
             inList(top);
         else if (clause == Clause::Where)
             inWhere(top);
         else if (top)
             mark(tokens_[at_].keyword);
+    }
+
+    /// Clauses that come twice or in another order are no statement that anything could be put into.
+    void followOrder(Keyword word) {
+        constexpr std::array order = {Keyword::Select, Keyword::From,  Keyword::Where,
+                                      Keyword::Group,  Keyword::Order, Keyword::Limit};
+        const auto found = std::ranges::find(order, word);
+        if (found == order.end())
+            return;
+        const int place = static_cast<int>(found - order.begin());
+        if (place <= lastClause_)
+            out_.closed = true;
+        lastClause_ = place;
     }
 
     void inList(bool top) {
@@ -146,6 +161,14 @@ private:
         return tokens_[index].isName() || tokens_[index].isLiteral() || tokens_[index].kind == TokenKind::Close;
     }
 
+    [[nodiscard]] bool hasLooseBracket() const {
+        for (std::size_t at = 0; at < tokens_.size(); ++at)
+            if ((tokens_[at].kind == TokenKind::Open || tokens_[at].kind == TokenKind::Close) &&
+                structure_.partner[at] == Structure::none)
+                return true;
+        return false;
+    }
+
     void addSource(const SourceTokens& source) {
         Source made;
         if (source.name != Structure::none)
@@ -160,6 +183,7 @@ private:
     std::size_t at_ = 0;
     std::size_t itemFirst_ = Outline::none, itemLast_ = 0;
     bool hasWhere_ = false;
+    int lastClause_ = -1;
 };
 
 /// Where a new WHERE or ORDER BY would stand.

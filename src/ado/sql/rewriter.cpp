@@ -51,7 +51,7 @@ std::string Rewriter::run(const std::vector<LiteralPlan>& plans) {
     return emit();
 }
 
-void Rewriter::wrap(std::size_t first, std::size_t last, std::string before, std::string_view behind) {
+void Rewriter::wrap(std::size_t first, std::size_t last, std::string_view before, std::string_view behind) {
     edits_[first].before.insert(0, before);
     edits_[last].behind += behind;
 }
@@ -240,7 +240,7 @@ void Rewriter::concatenation(std::size_t operation) {
     std::string open = "(";
     if (nullIsEmpty)
         open = onSqlite() ? std::string(functions::join) + "(" : "concat(";
-    wrap(first, end - 1, std::move(open), onSqlite() ? ") COLLATE NOCASE" : ")::citext");
+    wrap(first, end - 1, open, onSqlite() ? ") COLLATE NOCASE" : ")::citext");
 }
 
 void Rewriter::patterns() {

@@ -17,7 +17,7 @@ public:
     Rewriter(const Tokens& tokens, const Structure& structure, const ColumnTypes& types, const Catalog& catalog,
              EngineKind engine);
 
-    [[nodiscard]] std::string run(const std::vector<LiteralPlan>& literals);
+    [[nodiscard]] std::string run(const std::vector<LiteralPlan>& plans);
 
 private:
     struct Edit {
@@ -28,7 +28,7 @@ private:
     void replace(std::size_t token, std::string text) { edits_[token].replacement = std::move(text); }
     void drop(std::size_t token) { replace(token, {}); }
     /// An outer pair of brackets is put in behind the inner ones of the same token.
-    void wrap(std::size_t first, std::size_t last, std::string before, std::string_view behind);
+    void wrap(std::size_t first, std::size_t last, std::string_view before, std::string_view behind);
 
     void literals(const std::vector<LiteralPlan>& plans);
     void words();
@@ -45,7 +45,7 @@ private:
     [[nodiscard]] bool turnAround(std::size_t join, std::size_t on);
     [[nodiscard]] bool hasStar(std::size_t query) const;
     void orders();
-    void orderItem(std::size_t first, std::size_t last);
+    void orderItem(std::size_t first, std::size_t end);
     void views();
     [[nodiscard]] std::string emit() const;
 

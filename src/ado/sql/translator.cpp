@@ -18,7 +18,7 @@ namespace {
 /// Shapes kept in each of two generations: a screen's statements stay, a run of ever new ones pushes out only itself.
 constexpr std::size_t keptShapes = 512;
 /// Longer texts are translated each time; no screen repeats them.
-constexpr std::size_t longestKept = 32 * 1024;
+constexpr std::size_t longestKept = 32'768;
 
 struct TextHash {
     using is_transparent = void;

@@ -112,6 +112,10 @@ TEST(Outline, WhatRowsCannotBePickedFromTakesNoCondition) {
     EXPECT_FALSE(outline("").takesCondition());
     EXPECT_FALSE(outline("select 'open from C").takesCondition());
     EXPECT_FALSE(outline("select a from C where").takesCondition());
+    EXPECT_FALSE(outline("select a from C where (b = 1").takesCondition());
+    EXPECT_FALSE(outline("select a from C where b = 1) order by a").takesCondition());
+    EXPECT_FALSE(outline("select a from C where b = 1 where d = 2").takesCondition());
+    EXPECT_FALSE(outline("select a from C order by a where d = 2").takesCondition());
 }
 
 TEST(Outline, AGroupByIsWhereItsKeywordStands) {

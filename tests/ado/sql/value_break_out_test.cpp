@@ -1,8 +1,12 @@
 #include "ado/sql.h"
 
+#include "ado/sql/lexer.h"
+
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
+#include <utility>
 
 namespace zel::ado {
 namespace {
@@ -88,6 +92,38 @@ TEST(ValueBreakOut, AValueIsNeverPartOfANameOrAComment) {
 TEST(ValueBreakOut, ATextThatTheProgramLeftOpenBreaksOut) {
     EXPECT_TRUE(valueBreaksOut("a = '" + Sql::of("x")));
     EXPECT_FALSE(valueBreaksOut(Sql::words("a = 'x")));
+}
+
+/// The kinds of a statement's tokens.
+std::string kindsOf(std::string_view statement) {
+    sql::Tokens tokens;
+    EXPECT_EQ(sql::lex(statement, tokens), sql::LexFault::None) << statement;
+    std::string kinds;
+    for (const sql::Token& token : tokens.list)
+        kinds += static_cast<char>('a' + static_cast<int>(token.kind));
+    return kinds;
+}
+
+TEST(ValueBreakOut, NoValueThatStaysInsideChangesWhatTheStatementSays) {
+    static const char* const pieces[] = {"'",  "''",   "\"", "#", "--", "/*", "*/", ";",
+                                         "\\", " or ", "=",  "a", "1",  " ",  "\n", "("};
+    std::mt19937 random(20050704); // NOLINT(bugprone-random-generator-seed): the same values in every run
+    std::uniform_int_distribution<std::size_t> pick(0, std::size(pieces) - 1);
+    int inside = 0;
+    for (int round = 0; round < 50000; ++round) {
+        std::string value;
+        for (std::size_t count = 1 + pick(random) % 6; count > 0; --count)
+            value += pieces[pick(random)];
+        for (const auto& [before, behind] : {std::pair("a = '", "' and b = 1"), std::pair("a = \"", "\" and b = 1"),
+                                             std::pair("a = #", "# and b = 1")}) {
+            const Sql statement = Sql::words(before) + Sql::of(value) + Sql::words(behind);
+            if (valueBreaksOut(statement))
+                continue;
+            ++inside;
+            ASSERT_EQ(kindsOf(statement.text()), kindsOf(before + std::string("x") + behind)) << statement.text();
+        }
+    }
+    EXPECT_GT(inside, 10000);
 }
 
 TEST(SqlText, JoinsWordsAndValuesAndRemembersWhichIsWhich) {

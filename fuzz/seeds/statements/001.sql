@@ -1,0 +1,1 @@
+Insert into Resources (ResourceID,IncidentID,Name,RequestNumber,AgencyCode,KindCode,Status,Collection,AccountingID,NumberPersonnel) values (101,1,'BLUE CREW','C-7','FORS','HC2','C',1,11,3)

@@ -1,0 +1,1 @@
+Insert into AdminOffice (AdminOfficeID,Name,Addr1,Addr2,City,State,Zip) values (321,'NORTH OFFICE','1 MAIN ST','','BOISE','ID','83702-1234')

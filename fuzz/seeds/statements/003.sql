@@ -1,0 +1,1 @@
+Insert into UnitOfMeasure Values(411,401,1250.5,-1,100,'DAILY',103,'')

@@ -1,0 +1,1 @@
+Insert into PersonsDebit (PersonsDebitID,PersonID,ActivityDT,Description,AccountingID,Amt) values (701,201,'7/4/2005','BOOTS',11,120.1)

@@ -1,0 +1,1 @@
+Insert into ReportRecords (ReportRun,IncidentID,PersonID,RequestNumber,KindCode,ActivityDT,TotalDayHrs,ExcessHrs,HR20in24,HR36in48) values (1,1,201,'C-7','FFT2','7/4/2005',18.5,2.5,20,0)

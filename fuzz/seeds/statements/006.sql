@@ -1,0 +1,1 @@
+Insert into daily (DailyID,ResourceID) values (1,101)

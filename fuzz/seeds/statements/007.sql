@@ -1,0 +1,1 @@
+Insert into projection (ProjectionID,ProjectionGroupID) values (1,1)

@@ -1,0 +1,1 @@
+SELECT KindCode,KindDesc,RequestCat FROM L_Kind where KindCode is not Null ORDER BY Kindcode

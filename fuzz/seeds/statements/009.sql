@@ -1,0 +1,1 @@
+Select distinct area from L_ClassRates order by area

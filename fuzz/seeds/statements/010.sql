@@ -1,0 +1,1 @@
+Select RateType & '  |  ' & Format(Rate,'Standard') & '  |  ' & Format(GuaranteeAmt,'Standard') as Info,RateType,Rate,GuaranteeAmt,UnitOfMeasureID,EquipmentID,ResourceID from UnitOfMeasure where [Primary] = True and EquipmentID = 401

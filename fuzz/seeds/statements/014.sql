@@ -1,0 +1,1 @@
+SELECT * FROM  Resources ORDER BY Left(RequestNumber, 1), dbo.f_SortRequestNumber(RequestNumber) ASC

@@ -1,0 +1,1 @@
+SELECT Resources.* FROM Resources ORDER BY Resources.AgencyCode ASC

@@ -1,0 +1,1 @@
+SELECT * FROM  ContractorAdjustments WHERE  ContractorID=301

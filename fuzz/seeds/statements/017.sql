@@ -1,0 +1,1 @@
+Select Max(LastDate) as LastDate From PersonsInvoices Where PersonID = 201 and Del = 0

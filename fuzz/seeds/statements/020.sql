@@ -1,0 +1,1 @@
+delete from personsdebit where personid in (select personid from persons where resourceid in (select resourceid from resources where incidentid = 1))

@@ -1,0 +1,1 @@
+delete from equipmentuom where equipmentid in (select equipmentid from equipment where resourceid in (select resourceid from resources where incidentid = 1))

@@ -1,0 +1,1 @@
+delete from daily where resourceid in (select resourceid from resources where incidentid = 1)

@@ -1,0 +1,1 @@
+delete from projectiongroup where incidentid = 1

@@ -1,0 +1,1 @@
+SELECT * FROM  Incidents WHERE  IncidentName="BIG CREEK"

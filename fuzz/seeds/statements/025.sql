@@ -1,0 +1,1 @@
+Insert Into AccountingCodes(AccountingID, IncidentID, AccountingCode, IncidentDefault) values (9001, 2, 'P4NEW1', 1)

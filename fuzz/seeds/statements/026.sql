@@ -1,0 +1,1 @@
+select * from AccountingCodes where AccountingID = 11

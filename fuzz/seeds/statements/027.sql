@@ -1,0 +1,1 @@
+Select ResourceID from ContractorAdjustments where AccountingID = 11

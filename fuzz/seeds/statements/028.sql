@@ -1,0 +1,1 @@
+Select AdminOffice.AdminOfficeID, AdminOffice.Name, AdminOffice.Addr1, AdminOffice.Addr2, AdminOffice.City, AdminOffice.State, AdminOffice.zip from AdminOffice order by AdminOffice.Name

@@ -1,0 +1,1 @@
+Select * from AdminOffice order by Name

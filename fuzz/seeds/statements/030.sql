@@ -1,0 +1,1 @@
+SELECT * FROM qrySelectPersonnel WHERE  [Status]='C' And [SSN]='123456789' and (Not personid = 201) AND IncidentID=1 

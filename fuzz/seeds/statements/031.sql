@@ -1,0 +1,1 @@
+Select * from qryCrews where ParentID <> -1 order by RequestNumber

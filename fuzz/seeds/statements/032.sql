@@ -1,0 +1,1 @@
+update resources set numberpersonnel = 3 where (((resourceid)= 101))

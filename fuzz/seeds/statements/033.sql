@@ -1,0 +1,1 @@
+Select * from qryResources WHERE  IncidentID=1

@@ -1,0 +1,1 @@
+Select * from qryResources WHERE  (RequestNumber like "C7%" OR RequestNumber like "C-7%" OR RequestNumber like "C-7" OR RequestNumber like "C-7%") AND  IncidentID = 1

@@ -1,0 +1,1 @@
+select * from qrySelectPersonnel WHERE  (SSN like '123%' OR SSN like '123*') AND  IncidentID = 1 order by lastname, firstname

@@ -1,0 +1,1 @@
+select * from qryContractsEquip WHERE  (RequestNumber like "E7%" OR RequestNumber like "E-7%" OR RequestNumber = "E-7" OR RequestNumber like "E-7%") AND  IncidentID = 1

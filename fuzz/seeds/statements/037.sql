@@ -1,0 +1,1 @@
+SELECT * FROM Contractor WHERE  IncidentID=1

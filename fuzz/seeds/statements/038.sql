@@ -1,0 +1,1 @@
+select AgreementID from Equipment where AgreementID = 311

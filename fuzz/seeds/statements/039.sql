@@ -1,0 +1,1 @@
+update resources set collection = 1 where resourceid = 103

@@ -1,0 +1,1 @@
+SELECT * FROM PersonsPost WHERE PersonsPostID<>5AND PersonID=201

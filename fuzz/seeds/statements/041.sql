@@ -1,0 +1,1 @@
+Select * from PersonsPost WHERE  PersonID=201 and FinalCol = 0 ORDER BY ActivityDT, StartTime, StopTime

@@ -1,0 +1,1 @@
+SELECT * FROM qryContractsEquip LEFT JOIN L_Status ON qryContractsEquip.Status = L_Status.Code WHERE ((((L_Status.ZEL)=1) AND (LEFT(RequestNumber, 1)='E')  AND (qryContractsEquip.IncidentID = 1) AND ((qryContractsEquip.ParentID)<>-1)) OR ((qryContractsEquip.Status Is Null) OR (qryContractsEquip.Status='')))

@@ -1,0 +1,1 @@
+SELECT * FROM ContractorPost WHERE EquipmentID=401 AND ActivityDT=#7/5/2005# AND (StartTime<#10:00:00 AM#) AND (StopTime>#10:00:00 AM#)

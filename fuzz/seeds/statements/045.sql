@@ -1,0 +1,1 @@
+Select * from PersonsDebit where PersonID = 0

@@ -1,0 +1,1 @@
+Select * from Contractor order by ContractorName

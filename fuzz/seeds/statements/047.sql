@@ -1,0 +1,1 @@
+SELECT ContractorAdjustments.*, Resources.RequestNumber FROM ContractorAdjustments INNER JOIN Equipment ON ContractorAdjustments.EquipmentID = Equipment.EquipmentID INNER JOIN Resources ON Equipment.ResourceID = Resources.ResourceID WHERE ContractorAdjustments.EquipmentID = 401 order by ActivityDt

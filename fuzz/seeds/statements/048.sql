@@ -1,0 +1,1 @@
+SELECT sum(PersonsDebit.Amt) as Amt, PersonsDebit.PersonID FROM PersonsDebit PersonsDebit WHERE PersonsDebit.PersonID = 201 group by PersonsDebit.PersonID order by PersonsDebit.PersonID
