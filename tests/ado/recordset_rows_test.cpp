@@ -211,12 +211,40 @@ TEST_P(FivePersons, ASortSetBeforeTheFirstRowHolds) {
 }
 
 TEST_P(FivePersons, NarrowingAndFilteringInMemoryAgreeOnEveryKindOfTerm) {
-    for (const char* text :
-         {"PersonID = 3", "PersonID <> 3", "PersonID >= '4'", "PersonID < 2.5", "LastName = 'ADAMS'",
-          "LastName <> 'adams'", "LastName > 'b'", "LastName like 'a%'", "LastName like '*AR*'", "LastName is null",
-          "LastName is not null", "LastName = null", "Not (LastName = 'ADAMS' or PersonID = 1)",
-          "(PersonID = 1 or PersonID = 4) and [ResourceID] = 11", "LastName like 'a_ams'", "ResourceID = True",
-          "not lastname like 'A*'", "Persons.PersonID <= 2"}) {
+    run("update Persons set InitEmployYN = 1, Rate = 18.2 where PersonID in (1, 3)");
+    run("update Persons set InitEmployYN = 0, Rate = 9 where PersonID = 2");
+    persons.Close();
+    persons.Open("select * from Persons order by PersonID", connection);
+    persons.MoveFirst();
+    for (const char* text : {"PersonID = 3",
+                             "PersonID <> 3",
+                             "PersonID >= '4'",
+                             "PersonID < 2.5",
+                             "LastName = 'ADAMS'",
+                             "LastName <> 'adams'",
+                             "LastName > 'b'",
+                             "LastName like 'a%'",
+                             "LastName like '*AR*'",
+                             "LastName is null",
+                             "LastName is not null",
+                             "LastName = null",
+                             "Not (LastName = 'ADAMS' or PersonID = 1)",
+                             "(PersonID = 1 or PersonID = 4) and [ResourceID] = 11",
+                             "LastName like 'a_ams'",
+                             "ResourceID = True",
+                             "not lastname like 'A*'",
+                             "Persons.PersonID <= 2",
+                             "InitEmployYN = 1",
+                             "InitEmployYN = -1",
+                             "InitEmployYN = True",
+                             "InitEmployYN <> 1",
+                             "InitEmployYN = False and PersonID < 9",
+                             "Rate = 18.2",
+                             "Rate > 9 and ResourceID = 10",
+                             "Rate is null",
+                             "LastName = 5",
+                             "PersonID = 99999999999",
+                             "ResourceID = 10 or Rate > 10"}) {
         Recordset lazy;
         lazy.Open("select * from Persons order by PersonID", connection);
         lazy.setFilter(Sql::words(text));

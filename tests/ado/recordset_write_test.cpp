@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+
 namespace zel::ado {
 namespace {
 
@@ -311,6 +313,26 @@ TEST_P(RecordsetWrite, AnEditOfTwoTablesIsWrittenWholeOrNotAtAll) {
     expectRefused(rows, errors::rowNotLocated);
     EXPECT_EQ(lookUp("select IncidentName from Incidents"), "BIG FIRE");
     EXPECT_EQ(lookUp("select AccountingCode from AccountingCodes"), "C3");
+}
+
+TEST_P(RecordsetWrite, AnEditOfTwoTablesThatCannotBeCommittedLeavesNothingOpen) {
+    if (!onSqlite())
+        GTEST_SKIP() << "only in a file does a reader stop a commit";
+    run("insert into Incidents (IncidentID, IncidentName) values (5, 'BIG FIRE')");
+    run("insert into AccountingCodes (AccountingID, IncidentID, AccountingCode) values (9, 5, 'A1')");
+    Connection hasty(database().open(std::chrono::milliseconds(50)));
+    Recordset rows;
+    rows.Open(Sql::words(incidentJoin), hasty);
+    rows.setValue("IncidentName", "HUGE FIRE");
+    rows.setValue("AccountingCode", "B2");
+    other.engine().prepare("BEGIN", false)->execute({});
+    EXPECT_EQ(lookUp("select IncidentName from Incidents"), "BIG FIRE"); // reads, and goes on holding the file
+    EXPECT_THROW(rows.Update(), Error);
+    other.engine().prepare("COMMIT", false)->execute({});
+    run("update Incidents set IncidentNumber = 'ID-BOF-000001'");
+    rows.Update();
+    EXPECT_EQ(lookUp("select IncidentName from Incidents"), "HUGE FIRE");
+    EXPECT_EQ(lookUp("select AccountingCode from AccountingCodes"), "B2");
 }
 
 TEST_P(RecordsetWrite, TheNullSideOfAJoinCannotBeEditedButTakesNothing) {

@@ -38,8 +38,8 @@ public:
     Transaction& operator=(const Transaction&) = delete;
 
     void commit() {
-        committed_ = true; // a failed commit has ended the transaction, or the connection is gone
         engine_.commit();
+        committed_ = true;
     }
 
 private:
