@@ -4,8 +4,10 @@
 #include "core/settings.h"
 #include "core/start_up.h"
 #include "forms/form_registry.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "services/text_file.h"
+#include "services/time_rules.h"
 
 namespace zel::core {
 
@@ -38,6 +40,10 @@ std::string frmRefs::askForDatabase() {
     CommonDialog1.DialogTitle = "Select the Network Korvan database";
     CommonDialog1.Filter = "MS Access Databases (*.mdb)|*.mdb|All Files (*.*)|*.*";
     return CommonDialog1.ShowOpen() ? CommonDialog1.FileName : std::string();
+}
+
+std::string frmRefs::presentTime() const {
+    return services::quarterHourOf(session.clock.Now());
 }
 
 std::string frmRefs::requestFile() const {

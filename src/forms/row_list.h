@@ -93,6 +93,8 @@ public:
     /// Value of the bound column in the chosen row as text, "" without one. Setting it chooses the first row with that
     /// value, or none when there is no such row.
     [[nodiscard]] std::string BoundText() const;
+    /// What BoundText gave when the row was chosen, whatever has become of the rows since; "" when none is chosen.
+    [[nodiscard]] std::string chosenBoundText() const { return chosen_ == 0 ? std::string() : chosenValue_; }
     void setBoundText(std::string_view value);
 
     /// Reads the source anew after it changed. The chosen row stays if it is still there.

@@ -80,6 +80,7 @@ void SetColumnFormat(forms::TDBGrid& grid, int column, int type, const std::stri
     if (type == fieldType::time) {
         target.ValueItems.Clear();
         target.ValueItems.Add("00:00", "24:00");
+        target.ValueItems.Add("12:00:00 AM", "24:00"); // as the table keeps it
         target.ValueItems.Translate = true;
     }
     grid.columnsChanged();

@@ -102,12 +102,11 @@ void RebindList(forms::RowList& control) {
 }
 
 void RebindKeepSelection(forms::TDBCombo& control) {
-    const bool chosen = control.SelectedItem() >= 0;
-    const std::string kept = control.BoundText();
+    // The rows may be other ones already: the value counts that the chosen row had.
+    const std::string kept = control.chosenBoundText();
     RebindList(control);
-    if (chosen)
-        control.setBoundText(kept);
-    if (!chosen || control.SelectedItem() < 0)
+    control.setBoundText(kept);
+    if (control.SelectedItem() < 0)
         control.setText("");
 }
 

@@ -1,5 +1,6 @@
 #include "core/frmRefs.h"
 #include "core/test_program.h"
+#include "forms/text_box.h"
 
 namespace zel::core {
 
@@ -108,6 +109,25 @@ TEST_F(AdminRequestTest, TheFlagIsUpForTheLengthOfATick) {
     pass(60'000);
     EXPECT_TRUE(onTimer);
     EXPECT_FALSE(session.IsOnTimer);
+}
+
+TEST_F(AdminRequestTest, ThePresentTimeGoesIntoTheBoxesThatWereNotEdited) {
+    load();
+    struct Times : Screen {
+        using Screen::Screen;
+        forms::ControlArray<forms::TextBox> cboTime{*this, "cboTime", 4};
+    } screen(session, "frmTimes");
+    screen.cboTime.on(&forms::TextBox::Change,
+                      [this](int index) { session.TimeChanged[static_cast<std::size_t>(index % 2)] = true; });
+    screen.cboTime(1).setText("20:00");
+    program.clock.set(ado::DateTime(38'537.0 + 23.0 / 24 + 55.0 / 1440));
+    auto* refs = program.forms.get<frmRefs>("frmRefs");
+    refs->ThisTime(screen.cboTime, [](int index) { return index < 2; });
+    EXPECT_EQ(screen.cboTime(0).Text(), "00:01");
+    EXPECT_EQ(screen.cboTime(1).Text(), "20:00");
+    EXPECT_EQ(screen.cboTime(2).Text(), "");
+    EXPECT_FALSE(session.TimeChanged[0]);
+    EXPECT_TRUE(session.TimeChanged[1]);
 }
 
 } // namespace zel::core
