@@ -79,7 +79,12 @@ pg_conn* connect(const PostgresTarget& target, const PostgresOptions& options) {
     return PQconnectdbParams(parameters.keywords.data(), values.data(), 0);
 }
 
-void ignoreNotice(void* /*unused*/, const PGresult* /*unused*/) {}
+/// Notices are for nobody, but for the one with which the server ends the session.
+void takeNotice(void* ended, const PGresult* notice) {
+    const char* severity = PQresultErrorField(notice, PG_DIAG_SEVERITY_NONLOCALIZED);
+    if (severity != nullptr && std::string_view(severity) == "FATAL")
+        *static_cast<bool*>(ended) = true;
+}
 
 } // namespace
 
@@ -96,7 +101,7 @@ Link::Link(const PostgresTarget& target, const PostgresOptions& options)
       answerLimit_(options.statementLimit + std::min<std::chrono::milliseconds>(options.statementLimit, 5s)) {
     if (PQstatus(connection_.get()) != CONNECTION_OK)
         throw openErrorOf(connection_.get());
-    PQsetNoticeReceiver(connection_.get(), ignoreNotice, nullptr);
+    PQsetNoticeReceiver(connection_.get(), takeNotice, &broken_);
 }
 
 Link::~Link() = default;
@@ -126,13 +131,16 @@ void Link::requireUsable() const {
 bool Link::lostMeanwhile() {
     if (broken_ || PQstatus(connection_.get()) != CONNECTION_OK)
         return true;
+    // What came unasked is a farewell, followed by the end of the line, or a message to all.
     pollfd readable{PQsocket(connection_.get()), POLLIN, 0};
-    if (poll(&readable, 1, 0) <= 0)
-        return false;
-    if (PQconsumeInput(connection_.get()) == 0)
-        return true;
-    while (PGnotify* notice = PQnotifies(connection_.get()))
-        PQfreemem(notice);
+    while (poll(&readable, 1, 0) > 0) {
+        if (PQconsumeInput(connection_.get()) == 0)
+            return true;
+        while (PGnotify* notice = PQnotifies(connection_.get()))
+            PQfreemem(notice);
+        if (broken_)
+            return true;
+    }
     return PQstatus(connection_.get()) != CONNECTION_OK;
 }
 
