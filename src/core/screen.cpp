@@ -5,6 +5,7 @@
 #include "forms/menu.h"
 #include "platform/files.h"
 #include "services/clsDebug.h"
+#include "services/clsStopWatch.h"
 #include "services/log_controls.h"
 
 namespace zel::core {
@@ -44,6 +45,16 @@ std::function<void()> Screen::handler(std::function<void()> action) {
 
 std::function<void()> Screen::always(std::function<void()> action) {
     return [this, action = std::move(action)] { guarded(session, action); };
+}
+
+void Screen::opening(const std::function<void()>& action) {
+    services::clsStopWatch* watch = session.gStopWatch.get();
+    const bool timed = watch != nullptr && (watch->ScreenEnabled || watch->DetailsEnabled);
+    if (timed)
+        watch->StartTimer();
+    guarded(session, action);
+    if (timed)
+        watch->StopTimer();
 }
 
 } // namespace zel::core

@@ -31,6 +31,9 @@ protected:
     [[nodiscard]] std::function<void()> handler(std::function<void()> action);
     /// The same for what must run even while the program is working.
     [[nodiscard]] std::function<void()> always(std::function<void()> action);
+    /// The body of tbFormOpen: runs under the stopwatch while a timing mode is on, and shows the common error box when
+    /// it fails.
+    void opening(const std::function<void()>& action);
 
     /// Shows a pop-up menu of the shell, from RightClick: "mnuPopup" on grids.
     void PopupMenu(std::string_view menu);
