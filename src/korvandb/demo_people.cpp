@@ -117,8 +117,9 @@ void writeMembers(DemoWorld& world, Member member, int count, int shift) {
         member.kind = i == 1 ? "CRWB" : i <= 3 ? "FFT1" : "FFT2";
         if (member.pay.fedCode == "AD")
             member.pay = payPlan(world, i);
-        const int key =
-            writePerson(world, member, "C", world.random.of(world.firstNames), world.random.of(world.lastNames));
+        // Drawn one after the other: the order of arguments is the compiler's own.
+        const std::string firstName = world.random.of(world.firstNames), lastName = world.random.of(world.lastNames);
+        const int key = writePerson(world, member, "C", firstName, lastName);
         if (i == 1)
             member.leader = key;
         if (shift >= 0)
