@@ -47,9 +47,9 @@ struct Case {
     const char* parameters;
 };
 
-class Translation_ : public testing::TestWithParam<Case> {};
+class TranslationCases : public testing::TestWithParam<Case> {};
 
-TEST_P(Translation_, SaysItInTheEnginesWords) {
+TEST_P(TranslationCases, SaysItInTheEnginesWords) {
     const Catalog catalog = sampleCatalog();
     for (const EngineKind engine : {EngineKind::Sqlite, EngineKind::Postgres}) {
         Translator translator(engine, catalog);
@@ -270,10 +270,10 @@ std::string caseName(const testing::TestParamInfo<Case>& info) {
     return info.param.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Literals, Translation_, testing::ValuesIn(literalCases), caseName);
-INSTANTIATE_TEST_SUITE_P(Dates, Translation_, testing::ValuesIn(dateCases), caseName);
-INSTANTIATE_TEST_SUITE_P(Texts, Translation_, testing::ValuesIn(textCases), caseName);
-INSTANTIATE_TEST_SUITE_P(Shapes, Translation_, testing::ValuesIn(shapeCases), caseName);
+INSTANTIATE_TEST_SUITE_P(Literals, TranslationCases, testing::ValuesIn(literalCases), caseName);
+INSTANTIATE_TEST_SUITE_P(Dates, TranslationCases, testing::ValuesIn(dateCases), caseName);
+INSTANTIATE_TEST_SUITE_P(Texts, TranslationCases, testing::ValuesIn(textCases), caseName);
+INSTANTIATE_TEST_SUITE_P(Shapes, TranslationCases, testing::ValuesIn(shapeCases), caseName);
 
 } // namespace
 } // namespace zel::ado::sql
