@@ -10,7 +10,6 @@
 
 #include <sqlite3.h>
 
-#include <memory>
 #include <new>
 #include <optional>
 #include <string>
@@ -108,15 +107,8 @@ struct Sum {
     bool money;
 };
 
-/// Of the group under way, zero at first. The engine aligns its memory for eight bytes, the ticks need sixteen.
-Sum* sumOf(sqlite3_context* context, bool make) {
-    std::size_t room = sizeof(Sum) + alignof(Sum) - 1;
-    void* memory = sqlite3_aggregate_context(context, make ? static_cast<int>(room) : 0);
-    return memory == nullptr ? nullptr : static_cast<Sum*>(std::align(alignof(Sum), sizeof(Sum), memory, room));
-}
-
 void sumStep(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    Sum* sum = sumOf(context, true);
+    auto* sum = static_cast<Sum*>(sqlite3_aggregate_context(context, sizeof(Sum)));
     if (sum == nullptr)
         return sqlite3_result_error_nomem(context);
     const int type = sqlite3_value_type(values[0]);
@@ -138,7 +130,7 @@ void sumStep(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
 }
 
 void sumFinal(sqlite3_context* context) {
-    const Sum* sum = sumOf(context, false);
+    const auto* sum = static_cast<const Sum*>(sqlite3_aggregate_context(context, 0));
     if (sum == nullptr || sum->rows == 0)
         return sqlite3_result_null(context);
     if (sum->inexact)
