@@ -11,7 +11,7 @@ namespace zel::forms {
 class vsIndexTab : public Control {
 public:
     using Control::Control;
-    vsIndexTab(Place place, std::string name, std::string captions) : Control(place, std::move(name)) {
+    vsIndexTab(Place place, std::string name, std::string_view captions) : Control(place, std::move(name)) {
         setCaption(captions);
     }
     [[nodiscard]] std::string_view typeName() const noexcept override { return "vsIndexTab"; }

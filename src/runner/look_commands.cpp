@@ -174,7 +174,8 @@ void globals(Context& context, const Words& arguments, Json& answer) {
 
 void expect(Context& context, const Words& arguments, Json& answer) {
     const auto value = propertyOf(context, arguments[0], "");
-    if (ado::toText(value) == arguments[1])
+    const bool flag = value.type() == ado::Value::Type::Boolean; // true and True are the same
+    if (ado::toText(value) == arguments[1] || (flag && ado::equalIgnoringCase(ado::toText(value), arguments[1])))
         return;
     answer.set("value", value);
     throw CommandError(fmt::format("{} shows '{}', not '{}'", arguments[0], ado::toText(value), arguments[1]));

@@ -3,10 +3,11 @@
 namespace zel::runner {
 
 ado::DateTime RunnerClock::Now() const {
-    constexpr double millisecondsOfDay = 24.0 * 60 * 60 * 1000;
+    constexpr double secondsOfDay = 24.0 * 60 * 60;
     if (stopped_)
         return counter_.Now();
-    return system_.Now().addDays(static_cast<double>(milliseconds() / 1000 * 1000) / millisecondsOfDay);
+    const std::int64_t seconds = milliseconds() / 1000;
+    return system_.Now().addDays(static_cast<double>(seconds) / secondsOfDay);
 }
 
 void RunnerClock::stopAt(ado::DateTime now) {

@@ -89,14 +89,15 @@ void FakeProgram::observeStatements(std::function<void(const std::string&)> obse
 }
 
 void FakeProgram::openDatabase() {
+    constexpr const char* peopleTable = "CREATE TABLE People (PersonID INTEGER PRIMARY KEY, "
+                                        "Name CITEXT COLLATE NOCASE, Paid FLAGINT, Born DATETEXT, "
+                                        "Rate MONEYTEXT COLLATE ZMONEY)";
     std::filesystem::create_directories(folder_);
     const auto file = folder_ / "Korvan.mdb";
     ado::createSqliteFile(file, [](ado::Engine& engine) {
         for (const char* statement :
              {"CREATE TABLE Version (Module CITEXT COLLATE NOCASE, Version CITEXT)",
-              "CREATE TABLE NextNumbers (TableName CITEXT COLLATE NOCASE PRIMARY KEY, NextNumber INTEGER)",
-              "CREATE TABLE People (PersonID INTEGER PRIMARY KEY, Name CITEXT COLLATE NOCASE, Paid FLAGINT, "
-              "Born DATETEXT, Rate MONEYTEXT COLLATE ZMONEY)",
+              "CREATE TABLE NextNumbers (TableName CITEXT COLLATE NOCASE PRIMARY KEY, NextNumber INTEGER)", peopleTable,
               "INSERT INTO People VALUES (1, 'ADAMS', 1, '1970-01-02 00:00:00', '18.2000')",
               "INSERT INTO People VALUES (2, NULL, 0, '1899-12-30 13:30:00', NULL)"})
             engine.prepare(statement, true)->execute({});

@@ -143,6 +143,8 @@ TEST_F(RunnerTest, Boxes_of_the_last_action_can_be_expected) {
 }
 
 TEST_F(RunnerTest, Expect_fails_with_what_is_there) {
+    run("get frmTest Visible\nexpect tmrMinute true");
+    EXPECT_EQ(status, 0);
     EXPECT_THAT(run("type txtName DOE\nexpect txtName ROE").back(),
                 HasSubstr(R"("ok":false,"error":"txtName shows 'DOE', not 'ROE'","value":"DOE")"));
 }

@@ -44,10 +44,10 @@ TEST(Words, A_hash_begins_a_comment_only_where_a_word_begins) {
 }
 
 TEST(Words, An_open_quote_is_an_error) {
-    EXPECT_THROW(splitWords("type x 'abc"), CommandError);
-    EXPECT_THROW(splitWords("type x \"abc"), CommandError);
-    EXPECT_THROW(splitWords("type x \"abc\\\""), CommandError);
-    EXPECT_THROW(splitWords("type x abc\\"), CommandError);
+    EXPECT_THROW((void)splitWords("type x 'abc"), CommandError);
+    EXPECT_THROW((void)splitWords("type x \"abc"), CommandError);
+    EXPECT_THROW((void)splitWords("type x \"abc\\\""), CommandError);
+    EXPECT_THROW((void)splitWords("type x abc\\"), CommandError);
 }
 
 TEST(Words, A_semicolon_parts_commands_only_where_several_are_expected) {

@@ -49,7 +49,7 @@ TEST(Manual, Every_example_answers_as_shown) {
 TEST(Manual, Names_every_command) {
     const std::string manual = readFile(fs::path(ZEL_DOCS) / "automation.md");
     const std::string help = ProgramRun(ado::EngineKind::Sqlite).run("help");
-    const std::string mark = "{\"command\":\"";
+    const std::string mark = R"({"command":")";
     int commands = 0;
     for (auto at = help.find(mark); at != std::string::npos; at = help.find(mark, at + 1), ++commands) {
         const auto begin = at + mark.size();
