@@ -19,6 +19,22 @@ using incident_column::IncidentID;
 using incident_column::IncidentName;
 using incident_column::IncidentNumber;
 
+namespace {
+
+/// gRefreshing for the length of a refresh, however it ends.
+class Refreshing {
+public:
+    explicit Refreshing(Session& session) : session_(session) { session_.gRefreshing = true; }
+    ~Refreshing() { session_.gRefreshing = false; }
+    Refreshing(const Refreshing&) = delete;
+    Refreshing& operator=(const Refreshing&) = delete;
+
+private:
+    Session& session_;
+};
+
+} // namespace
+
 frmMain::frmMain(Session& state) : Screen(state, "frmMain") {
     setCaption(session.app.Title + " - Zelmark Hour Ledger");
     makeMenus();
@@ -155,7 +171,7 @@ void frmMain::clearPersonUpdate() {
 }
 
 void frmMain::mnuFileRefresh_Click() {
-    session.gRefreshing = true;
+    const Refreshing refreshing(session);
     LoadList(session, false, session.gIncidentList, 5);
     SelectIncident(session, session.gIncidentID);
     if (session.gIncidentID < 1) {
@@ -171,7 +187,6 @@ void frmMain::mnuFileRefresh_Click() {
     if (session.gIncidentID == -1)
         OpenScreen("Incidents", false, 0);
     lblStatus.setCaption("Server: " + session.gServerName + " Database: " + session.gCatalogName);
-    session.gRefreshing = false;
 }
 
 void frmMain::openVisibleScreens() {

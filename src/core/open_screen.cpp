@@ -5,7 +5,6 @@
 #include "core/frmRefs.h"
 #include "core/start_up.h"
 #include "forms/form_registry.h"
-#include "forms/vs_index_tab.h"
 
 #include <fmt/format.h>
 
@@ -29,16 +28,6 @@ constexpr int equipmentTab = 2; // of frmContracts: contractor, agreement, resou
 bool inRange(std::string_view name, std::string_view first, std::string_view last) {
     const std::string text = ado::lowerCase(name);
     return text >= ado::lowerCase(first) && text <= ado::lowerCase(last);
-}
-
-// The first strip of pages is the outer one.
-void setTab(forms::Form& screen, int page) {
-    for (forms::Control* control : screen.controls()) {
-        if (auto* strip = dynamic_cast<forms::vsIndexTab*>(control)) {
-            strip->setCurrTab(page);
-            return;
-        }
-    }
 }
 
 /// The hourglass for the length of a scope.
@@ -140,10 +129,12 @@ void frmMain::open(const Range& range, int tab) {
     screen->Show();
     if (range.tbFormOpen)
         screen->tbFormOpen();
-    if (range.tab == Range::Tab::Given || (range.tab == Range::Tab::OnlyFirst && tab == 1))
-        setTab(*screen, tab);
-    else if (range.tab == Range::Tab::Zero || range.tab == Range::Tab::Equipment)
-        setTab(*screen, range.tab == Range::Tab::Equipment ? equipmentTab : 0);
+    if (auto* paged = dynamic_cast<Screen*>(screen)) {
+        if (range.tab == Range::Tab::Given || (range.tab == Range::Tab::OnlyFirst && tab == 1))
+            paged->showTab(tab);
+        else if (range.tab == Range::Tab::Zero || range.tab == Range::Tab::Equipment)
+            paged->showTab(range.tab == Range::Tab::Equipment ? equipmentTab : 0);
+    }
 }
 
 void frmMain::optMenu_Click(int index) {

@@ -3,6 +3,7 @@
 #include "core/failure.h"
 #include "forms/form_registry.h"
 #include "forms/menu.h"
+#include "forms/vs_index_tab.h"
 #include "platform/files.h"
 #include "services/clsDebug.h"
 #include "services/clsStopWatch.h"
@@ -14,6 +15,15 @@ Screen::Screen(Session& state, std::string name) : Form(state.forms, std::move(n
 
 void Screen::tbLogDump() {
     writeDump();
+}
+
+void Screen::showTab(int page) {
+    for (forms::Control* control : controls()) {
+        if (auto* strip = dynamic_cast<forms::vsIndexTab*>(control)) {
+            strip->setCurrTab(page);
+            return;
+        }
+    }
 }
 
 void Screen::writeDump(const std::string& between) {

@@ -18,6 +18,8 @@ public:
 
     /// Writes the state of the screen and of its controls to "<gLogFolder><Name>.dump.log".
     void tbLogDump() override;
+    /// The page that the shell opens the screen on: that of its outer strip, which is the first one made.
+    virtual void showTab(int page);
 
 protected:
     /// Lines of the dump that are the screen's own: names and values.

@@ -161,6 +161,33 @@ TEST_P(ShellTest, AFailureOfOneScreenIsShownAndTheRefreshGoesOn) {
     EXPECT_FALSE(session.gRefreshing);
 }
 
+TEST_P(ShellTest, ARefreshThatFailsIsToldAndIsOver) {
+    program.execute("alter table Incidents rename to Elsewhere");
+    program.user.click(shell().menu("mnuFileRefresh"));
+    EXPECT_THAT(program.box().text, testing::StartsWith("Error: "));
+    EXPECT_FALSE(session.gRefreshing);
+    program.execute("alter table Elsewhere rename to Incidents");
+    program.user.click(shell().menu("mnuFileRefresh"));
+    EXPECT_TRUE(program.dialogs.take().empty());
+    EXPECT_EQ(session.gIncidentID, 7);
+}
+
+class ServerShellTest : public ShellTest {};
+INSTANTIATE_TEST_SUITE_P(Server, ServerShellTest, ::testing::Values(ado::EngineKind::Postgres), test::engineName);
+
+TEST_P(ServerShellTest, ADroppedConnectionIsFoundAgain) {
+    program.database.open()
+        ->prepare("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = current_database() AND pid "
+                  "<> pg_backend_pid()",
+                  false)
+        ->execute({});
+    for (int attempt = 0; attempt < 2; ++attempt)
+        program.user.click(shell().menu("mnuFileRefresh"));
+    EXPECT_LE(program.dialogs.take().size(), 1U); // the first attempt may tell of it
+    EXPECT_EQ(session.gIncidentID, 7);
+    EXPECT_FALSE(session.gRefreshing);
+}
+
 TEST_P(ShellTest, TwoIncidentsOfOneNameAreToldApart) {
     program.addIncident(10, "ELK RIDGE", "OR-ABC-000125");
     program.user.click(shell().menu("mnuFileRefresh"));
