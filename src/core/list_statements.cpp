@@ -13,9 +13,9 @@ Sql accounts(const Session& session, bool bForIncident) {
                "IncidentID = " +
                Sql::of(session.gIncidentID) + " order by IncidentDefault,AccountingCode";
     }
-    return Sql("SELECT IncidentName,AccountingCode,AccountingID,AccountingCodes.IncidentID,AgencyCode,IncidentDefault "
-               "from AccountingCodes INNER JOIN Incidents ON AccountingCodes.IncidentID = Incidents.IncidentID order "
-               "by IncidentName,IncidentDefault,AccountingCode");
+    return {"SELECT IncidentName,AccountingCode,AccountingID,AccountingCodes.IncidentID,AgencyCode,IncidentDefault "
+            "from AccountingCodes INNER JOIN Incidents ON AccountingCodes.IncidentID = Incidents.IncidentID order "
+            "by IncidentName,IncidentDefault,AccountingCode"};
 }
 
 Sql incidents(bool server) {

@@ -100,7 +100,7 @@ std::string PickDatabase(Session& session, const std::string& hint) {
         return {};
     SetOnTop(*refs);
     for (;;) {
-        const std::string path = refs->askForDatabase();
+        std::string path = refs->askForDatabase();
         if (path.empty()) {
             session.gPickCancelled = true;
             return {};
