@@ -99,7 +99,9 @@ void tick(Context& context, const Words& arguments, Json&) {
     context.program.tick(wholeNumber(arguments[0], "a number of milliseconds", 0));
 }
 
-void quit(Context& context, const Words&, Json&) {
+void quit(Context& context, const Words&, Json& answer) {
+    if (const auto left = context.program.dialogs().answersLeft(); left > 0)
+        answer.set("answersLeft", static_cast<std::int64_t>(left));
     context.left = true;
     context.program.quit();
 }

@@ -276,6 +276,13 @@ TEST_F(RunnerTest, Quit_leaves_the_program_and_the_script) {
     EXPECT_EQ(status, 0);
 }
 
+TEST_F(RunnerTest, Quit_tells_of_answers_that_no_box_took) {
+    EXPECT_THAT(run("answer OK No\npress mnuExit\nquit").back(),
+                HasSubstr(R"("cmd":"quit","ok":true,"answersLeft":1,)"));
+    program.dialogs().forgetAnswers();
+    EXPECT_THAT(run("quit").back(), testing::Not(HasSubstr("answersLeft")));
+}
+
 TEST_F(RunnerTest, Help_lists_every_command) {
     const auto line = answer("help");
     for (const auto& command : commands())
