@@ -58,6 +58,7 @@ void showIncidents(Session& session) {
         box.setText("");
     });
     shell->showIncident();
+    shell->showDatabase();
 }
 
 } // namespace

@@ -131,6 +131,10 @@ void frmMain::showIncident() {
     showingIncident_ = false;
 }
 
+void frmMain::showDatabase() {
+    lblStatus.setCaption("Server: " + session.gServerName + " Database: " + session.gCatalogName);
+}
+
 void frmMain::dbcIncident_Change(int index) {
     if (session.Working || showingIncident_)
         return;
@@ -186,7 +190,7 @@ void frmMain::mnuFileRefresh_Click() {
     openVisibleScreens();
     if (session.gIncidentID == -1)
         OpenScreen("Incidents", false, 0);
-    lblStatus.setCaption("Server: " + session.gServerName + " Database: " + session.gCatalogName);
+    showDatabase();
 }
 
 void frmMain::openVisibleScreens() {

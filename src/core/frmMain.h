@@ -38,6 +38,8 @@ public:
     void PrintReport(int reportNumber);
     /// Puts the current incident into both incident boxes.
     void showIncident();
+    /// Puts the names of server and database into the status line.
+    void showDatabase();
     /// Binds both incident boxes to the list of incidents.
     void bindIncidents();
     /// The record screen that was used last, null when none is open.

@@ -84,8 +84,10 @@ void frmServerSelect::listCatalogs() {
         for (const std::string& name : session.files.list(folder, ".mdb"))
             cboCatalog.AddItem(folder + name);
     } else if (!cboServer.Text().empty()) {
+        session.forms.setHourglass(true);
         for (const std::string& name : catalogsOf(cboServer.Text(), choice().login))
             cboCatalog.AddItem(name);
+        session.forms.setHourglass(false);
     }
     cboCatalog.setText(typed);
 }

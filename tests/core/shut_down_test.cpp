@@ -137,6 +137,7 @@ TEST_P(ShutDownTest, AnotherDatabaseIsOpenedFromTheMenu) {
     EXPECT_THAT(program.calls, Contains("OpenServer ZEL '' ''"));
     EXPECT_FALSE(session.gFirstOpen);
     EXPECT_EQ(session.gServerName, "HOST02");
+    EXPECT_EQ(program.shell().lblStatus.Caption(), "Server: HOST02 Database: Second");
     EXPECT_EQ(session.gDBPath, "\\\\HOST02\\Data\\Second.xxx");
     EXPECT_EQ(session.gIncidentID, 7);
     EXPECT_EQ(program.shell().dbcIncident(0).Text(), "BEAR CREEK");
