@@ -8,8 +8,8 @@ namespace zel::ado {
 
 namespace {
 
-constexpr std::size_t firstBlock = 16 * 1024;
-constexpr std::size_t largestBlock = 1024 * 1024;
+constexpr std::size_t firstBlock = 16'384;
+constexpr std::size_t largestBlock = 1'048'576;
 
 } // namespace
 

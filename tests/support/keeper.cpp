@@ -4,13 +4,13 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
@@ -108,7 +108,7 @@ std::string firstLine(const fs::path& file) {
 } // namespace
 
 fs::path startKeeper(pid_t watched) {
-    const fs::path folder = makeFolder();
+    fs::path folder = makeFolder();
     const pid_t child = ::fork();
     if (child < 0)
         throw std::runtime_error("cannot start the keeper of the test run");

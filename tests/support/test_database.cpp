@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 fs::path templateFile(Content content) {
     const std::string name = content == Content::Demo ? "demo_template.mdb" : "template.mdb";
-    const fs::path file = runFolder() / name;
+    fs::path file = runFolder() / name;
     onceInRun(name, [&] { ado::createSqliteFile(file, filling(content)); });
     return file;
 }

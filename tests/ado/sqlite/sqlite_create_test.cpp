@@ -70,18 +70,24 @@ TEST_F(SqliteCreateTest, AFailureLeavesTheOldFileAsItWas) {
 }
 
 TEST_F(SqliteCreateTest, TheJournalOfAnOldFileIsNotPlayedIntoTheNew) {
-    createSqliteFile(file(), korvandb::createTables);
+    createSqliteFile(file(), [](Engine& engine) {
+        korvandb::createTables(engine);
+        run(engine, "UPDATE L_State SET Description = 'OLD'");
+    });
     test::inProcesses(1, [&](int /*process*/, const test::Report& /*report*/) {
         const auto engine = openSqlite(file());
         one(*engine, "PRAGMA cache_size = 1");
         engine->begin();
-        for (int i = 1; i <= 300; ++i)
+        run(*engine, "UPDATE L_State SET Description = 'NEVER COMMITTED'");
+        for (int i = 1; i <= 200; ++i)
             run(*engine, "INSERT INTO Resources (ResourceID, Remarks) VALUES (?, ?)", {i, std::string(2000, 'x')});
         ::_exit(0); // as a crash would, with the journal left beside the file
     });
     ASSERT_TRUE(fs::exists(file().string() + "-journal"));
     createSqliteFile(file(), korvandb::createTables, true);
-    EXPECT_EQ(one(*openSqlite(file()), "PRAGMA integrity_check"), Value("ok"));
+    const auto engine = openSqlite(file());
+    EXPECT_EQ(one(*engine, "SELECT count(*) FROM L_State WHERE Description = 'OLD'"), Value(0));
+    EXPECT_THAT(checkIntegrity(*engine), IsEmpty());
     EXPECT_EQ(files(), 1);
 }
 
