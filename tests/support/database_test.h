@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ado/convert.h"
 #include "support/test_database.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,13 @@ namespace zel::ado {
 
 inline void PrintTo(EngineKind kind, std::ostream* stream) {
     *stream << (kind == EngineKind::Sqlite ? "Sqlite" : "Postgres");
+}
+
+/// A value that is not the expected one is shown with its type, as a clerk would read it.
+inline void PrintTo(const Value& value, std::ostream* stream) {
+    static constexpr const char* types[] = {"Null",   "Boolean",  "Integer", "Double",
+                                            "Single", "Currency", "Text",    "DateTime"};
+    *stream << types[static_cast<std::size_t>(value.type())] << " '" << toText(value) << "'";
 }
 
 } // namespace zel::ado
