@@ -8,13 +8,17 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace zel::ado {
 
 /// A statement in the engine's words that must write exactly one row.
 struct RowWriter::Write {
+    std::size_t table = 0;
     std::string text;
     std::vector<Value> parameters;
+    /// What columnsOf(table) hold afterwards, where the statement itself tells.
+    std::unique_ptr<RowStore> stored;
 };
 
 namespace {
@@ -51,17 +55,14 @@ private:
 
 RowId RowWriter::insert(const PendingRow& pending) {
     std::vector<Write> writes;
-    std::vector<std::size_t> written;
     for (std::size_t table = 0; table < rows_.tables().size(); ++table)
-        if (!assignedColumns(table, pending).empty() || rows_.tables().size() == 1) {
+        if (!assignedColumns(table, pending).empty() || rows_.tables().size() == 1)
             writes.push_back(insertInto(table, pending));
-            written.push_back(table);
-        }
     run(writes);
     const RowId row = rows_.addRow();
     keep(row, pending);
-    for (const std::size_t table : written)
-        readBack(table, row);
+    for (const Write& write : writes)
+        readBack(write, row);
     return row;
 }
 
@@ -89,21 +90,29 @@ void RowWriter::remove(RowId row) {
     rows_.remove(row);
 }
 
-void RowWriter::run(std::span<const Write> writes) {
-    Connection& connection = rows_.connection();
-    const auto runOne = [&](const Write& write) {
-        if (connection.prepareNative(write.text, true)->execute(write.parameters) != 1)
-            throw Error(
-                ErrorKind::Conflict, errors::rowNotLocated,
-                "Row cannot be located for updating. Some values may have been changed since it was last read.");
-    };
+void RowWriter::run(std::span<Write> writes) {
     if (writes.size() == 1)
         return runOne(writes.front());
     if (writes.empty())
         return;
-    Transaction transaction(connection.engine());
-    std::ranges::for_each(writes, runOne);
+    Transaction transaction(rows_.connection().engine());
+    for (Write& write : writes)
+        runOne(write);
     transaction.commit();
+}
+
+void RowWriter::runOne(Write& write) {
+    const std::shared_ptr<PreparedStatement> statement = rows_.connection().prepareNative(write.text, true);
+    std::int64_t written = 0;
+    if (write.stored) {
+        statement->query(write.parameters, *write.stored);
+        written = static_cast<std::int64_t>(write.stored->rows());
+    } else {
+        written = statement->execute(write.parameters);
+    }
+    if (written != 1)
+        throw Error(ErrorKind::Conflict, errors::rowNotLocated,
+                    "Row cannot be located for updating. Some values may have been changed since it was last read.");
 }
 
 std::vector<std::size_t> RowWriter::assignedColumns(std::size_t table, const PendingRow& pending) const {
@@ -122,15 +131,22 @@ std::vector<std::size_t> RowWriter::assignedColumns(std::size_t table, const Pen
 
 RowWriter::Write RowWriter::insertInto(std::size_t table, const PendingRow& pending) const {
     Write write;
+    write.table = table;
     std::vector<std::string> names, values;
     for (const std::size_t column : assignedColumns(table, pending)) {
-        names.push_back(quotedName(rows_.allColumns()[column].baseColumn));
+        names.push_back(baseName(column));
         values.push_back(addParameter(write, *pending[column]));
     }
     const std::string name = quotedName(rows_.tables()[table].name);
     write.text = names.empty() ? fmt::format("INSERT INTO {} DEFAULT VALUES", name)
                                : fmt::format("INSERT INTO {} ({}) VALUES ({})", name, fmt::join(names, ", "),
                                              fmt::join(values, ", "));
+    // A second statement would be a second way to the server. SQLite could return the row too, but not its types.
+    if (rows_.connection().engine().kind() == EngineKind::Postgres) {
+        const std::vector<std::size_t> columns = columnsOf(table);
+        write.text += fmt::format(" RETURNING {}", fmt::join(baseNames(columns), ", "));
+        write.stored = std::make_unique<RowStore>(columns.size());
+    }
     return write;
 }
 
@@ -140,8 +156,7 @@ RowWriter::Write RowWriter::updateOf(std::size_t table, RowId row, std::span<con
     Write write;
     std::vector<std::string> assignments, conditions;
     for (const std::size_t column : changed)
-        assignments.push_back(fmt::format("{} = {}", quotedName(rows_.allColumns()[column].baseColumn),
-                                          addParameter(write, *pending[column])));
+        assignments.push_back(fmt::format("{} = {}", baseName(column), addParameter(write, *pending[column])));
     conditions.push_back(fmt::format("{} = {}", quotedName(base.key), addParameter(write, keyOf(table, row))));
     for (const std::size_t column : changed)
         conditions.push_back(isOldValue(write, row, column));
@@ -182,27 +197,45 @@ std::string RowWriter::isOldValue(Write& write, RowId row, std::size_t column) c
     return fmt::format("{}{} IS NOT DISTINCT FROM {}{}", name, cast, old, cast);
 }
 
-void RowWriter::readBack(std::size_t table, RowId row) {
-    const BaseTable& base = rows_.tables()[table];
-    if (!base.keyColumn || rows_.isNullSide(row, table))
-        return;
+std::vector<std::size_t> RowWriter::columnsOf(std::size_t table) const {
     std::vector<std::size_t> columns;
-    std::vector<std::string> names;
     for (std::size_t column = 0; column < rows_.allColumns().size(); ++column)
-        if (rows_.tableOf(column) == table) {
+        if (rows_.tableOf(column) == table)
             columns.push_back(column);
-            names.push_back(quotedName(rows_.allColumns()[column].baseColumn));
-        }
+    return columns;
+}
+
+std::string RowWriter::baseName(std::size_t column) const {
+    return quotedName(rows_.allColumns()[column].baseColumn);
+}
+
+std::vector<std::string> RowWriter::baseNames(std::span<const std::size_t> columns) const {
+    std::vector<std::string> names;
+    for (const std::size_t column : columns)
+        names.push_back(baseName(column));
+    return names;
+}
+
+void RowWriter::readBack(const Write& insert, RowId row) {
+    const std::vector<std::size_t> columns = columnsOf(insert.table);
+    const auto show = [&](const RowStore& stored) {
+        if (stored.rows() == 1)
+            for (std::size_t place = 0; place < columns.size(); ++place)
+                rows_.setCell(row, columns[place], stored.at(0, place));
+    };
+    if (insert.stored)
+        return show(*insert.stored);
+    const BaseTable& base = rows_.tables()[insert.table];
+    if (!base.keyColumn || rows_.isNullSide(row, insert.table))
+        return;
     Connection& connection = rows_.connection();
     const std::string text =
-        fmt::format("SELECT {} FROM {} WHERE {} = {}", fmt::join(names, ", "), quotedName(base.name),
+        fmt::format("SELECT {} FROM {} WHERE {} = {}", fmt::join(baseNames(columns), ", "), quotedName(base.name),
                     quotedName(base.key), placeholder(connection.engine().kind(), 1));
     const Value key = rows_.store().at(row, *base.keyColumn);
     RowStore stored(columns.size());
     connection.prepareNative(text, false)->query({&key, 1}, stored);
-    if (stored.rows() == 1)
-        for (std::size_t place = 0; place < columns.size(); ++place)
-            rows_.setCell(row, columns[place], stored.at(0, place));
+    show(stored);
 }
 
 /// Also into the other columns of the result that show the same base column.

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace zel::ado {
@@ -26,7 +27,8 @@ public:
 
 private:
     struct Write;
-    void run(std::span<const Write> writes);
+    void run(std::span<Write> writes);
+    void runOne(Write& write);
     /// The columns of a table that were given a value, each base column once.
     [[nodiscard]] std::vector<std::size_t> assignedColumns(std::size_t table, const PendingRow& pending) const;
     [[nodiscard]] Write insertInto(std::size_t table, const PendingRow& pending) const;
@@ -35,7 +37,10 @@ private:
     [[nodiscard]] Value keyOf(std::size_t table, RowId row) const;
     [[nodiscard]] std::string addParameter(Write& write, const Value& value) const;
     [[nodiscard]] std::string isOldValue(Write& write, RowId row, std::size_t column) const;
-    void readBack(std::size_t table, RowId row);
+    [[nodiscard]] std::vector<std::size_t> columnsOf(std::size_t table) const;
+    [[nodiscard]] std::string baseName(std::size_t column) const;
+    [[nodiscard]] std::vector<std::string> baseNames(std::span<const std::size_t> columns) const;
+    void readBack(const Write& insert, RowId row);
     void keep(RowId row, const PendingRow& pending);
 
     RowSet& rows_;
