@@ -205,7 +205,8 @@ TEST_F(OpenScreenTest, TheTabIsSetOnTheOuterStrip) {
         program.forms.add(name, [this, name] { return std::make_unique<Tabbed>(session, name); });
     const auto tabOf = [this](const char* name, int tab) {
         program.run([&] { shell().OpenScreen(name, true, tab); });
-        return dynamic_cast<Tabbed*>(shell().ActiveForm())->tabAE.CurrTab();
+        const auto* screen = dynamic_cast<Tabbed*>(shell().ActiveForm());
+        return screen == nullptr ? -1 : screen->tabAE.CurrTab();
     };
     EXPECT_EQ(tabOf("Personnel", 1), 1);
     EXPECT_EQ(tabOf("Personnel", 2), 0);

@@ -85,6 +85,24 @@ TEST_P(ShutDownTest, AScreenThatFailsAsItGoesDoesNotStopTheOthers) {
     EXPECT_TRUE(program.dialogs.take().empty());
 }
 
+TEST_P(ShutDownTest, ScreensThatComeUpWhileOthersGoAreUnloadedToo) {
+    start();
+    const auto brings = [this](const char* leaving, const char* coming) {
+        program.forms.load(leaving)->UnloadEvent = [this, coming](bool&) { program.forms.load(coming); };
+    };
+    program.run([&] {
+        // Each comes up when its place in the order is past.
+        program.forms.add("frmPost", [&] {
+            auto screen = std::make_unique<StubScreen>(session, "frmPost", program.calls);
+            screen->UnloadEvent = [&](bool&) { brings("frmContracts", "frmCrews"); };
+            return screen;
+        });
+        brings("frmPersonnel", "frmPost");
+        CloseApp(session);
+    });
+    EXPECT_TRUE(program.forms.forms().empty());
+}
+
 TEST_P(ShutDownTest, AfterACancelledPickNoSettingsAreWritten) {
     start();
     session.gPickCancelled = true;
