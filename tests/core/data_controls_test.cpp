@@ -74,6 +74,14 @@ TEST_P(DataControls, AFilterAndASortReadOnlyTheRowsAskedFor) {
     EXPECT_EQ(rowsHeld(), 2);
 }
 
+TEST_P(DataControls, AGridBoundToTheControlAsksForNoRowBeforeTheFilterIsSet) {
+    dbgPersons.bind(adoPersons);
+    RebindDataControls(form, connection(), "", false);
+    adoPersons.setFilter("ResourceID=10");
+    EXPECT_EQ(adoPersons.Recordset().RecordCount(), 2);
+    EXPECT_EQ(rowsHeld(), 2);
+}
+
 TEST_P(DataControls, RowsAreThereWhenTheRecordSetIsOpenAndHasOne) {
     EXPECT_FALSE(HasRows(adoPersons, false));
     EXPECT_THROW(ApplyFilterSort(adoPersons, "", "LastName", -1), ado::Error);
