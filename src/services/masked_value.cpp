@@ -5,6 +5,8 @@
 #include "forms/mask_ed_box.h"
 #include "services/text_rules.h"
 
+#include <cctype>
+
 namespace zel::services {
 
 namespace {
@@ -25,9 +27,15 @@ std::string textForMask(core::Session& session, std::string_view mask, const std
         return text;
     if (mask == "P-aaaaaa")
         return {};
-    std::string bare = text;
-    std::erase(bare, '_');
-    return bare;
+    if (text.find('_') == std::string::npos)
+        return text;
+    // A box that was left half filled is kept with its blanks: what was typed comes back, the mask has the literals.
+    std::string typed = text;
+    if (mask.empty())
+        std::erase(typed, '_');
+    else
+        std::erase_if(typed, [](unsigned char character) { return character < 0x80 && std::isalnum(character) == 0; });
+    return typed;
 }
 
 } // namespace

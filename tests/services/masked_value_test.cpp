@@ -62,6 +62,12 @@ TEST_F(SetMaskedValueTest, UnderAnyOtherMaskPromptsGo) {
     EXPECT_EQ(shown("", "A_B"), "AB");
 }
 
+TEST_F(SetMaskedValueTest, AHalfFilledBoxComesBackAsItWasKept) {
+    EXPECT_EQ(shown("99999-9999", "97301-____"), "97301-____");
+    EXPECT_EQ(shown("99999-9999", "_____-____"), "_____-____");
+    EXPECT_EQ(shown("(999) 999-9999", "(503) ___-____"), "(503) ___-____");
+}
+
 TEST_F(SetMaskedValueTest, WithoutAMaskAnEmptyValueClearsTheBox) {
     EXPECT_EQ(shown("", "before"), "before");
     EXPECT_EQ(shown("", ado::Value()), "");
