@@ -1,10 +1,6 @@
 #include "incident/frmIncidents.h"
 
-#include "core/test_program.h"
-#include "incident/incident_forms.h"
-
-#include "ado/convert.h"
-#include "ado/recordset.h"
+#include "incident/incident_test.h"
 
 namespace zel::incident {
 namespace {
@@ -12,41 +8,21 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class IncidentsTest : public core::ProgramTest {
+class IncidentsTest : public IncidentDataTest {
 protected:
-    IncidentsTest() { addIncidentForms(session); }
-
-    void start() { program.start(GetParam() == ado::EngineKind::Sqlite ? "False" : ""); }
     frmIncidents& open() {
-        program.run([this] { program.shell().OpenScreen("Incidents", true, 0); });
+        openScreen("Incidents");
         return screen();
     }
     frmIncidents& screen() { return *program.forms.get<frmIncidents>("frmIncidents"); }
-    void type(int index, const std::string& text) {
-        EXPECT_EQ(program.user.type(screen().mskIncident(index), text).refusal, "");
-    }
+    void type(int index, const std::string& text) { IncidentDataTest::type(screen().mskIncident(index), text); }
     void pickState(int index, const std::string& code) {
         EXPECT_EQ(program.user.pick(screen().dbcState(index), code).refusal, "");
     }
-    void save(int page) { EXPECT_EQ(program.user.click(screen().cmdSave(page)).refusal, ""); }
-    std::vector<std::string> rows(const std::string& statement) {
-        ado::Recordset records;
-        records.Open(ado::Sql::words(statement), program.database.connection());
-        std::vector<std::string> lines;
-        for (; !records.EOF_(); records.MoveNext()) {
-            std::string line;
-            for (std::size_t field = 0; field < records.fieldCount(); ++field)
-                line += (field == 0 ? "" : "|") + ado::toText(records.value(field));
-            lines.push_back(std::move(line));
-        }
-        return lines;
-    }
+    void save(int page) { click(screen().cmdSave(page)); }
     std::vector<std::string> incidents() {
         return rows("Select IncidentName, IncidentNumber, IncidentLocation, IncidentState, StartDate, EndDate, "
                     "AdminName, AdminCity, AdminState, AdminZip from Incidents order by IncidentID");
-    }
-    std::vector<std::string> accounts() {
-        return rows("Select IncidentID, AccountingCode, IncidentDefault from AccountingCodes order by AccountingID");
     }
 };
 ZEL_ON_BOTH_ENGINES(IncidentsTest);
