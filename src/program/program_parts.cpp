@@ -1,6 +1,7 @@
 #include "program/program_parts.h"
 
 #include "core/frmMain.h"
+#include "incident/incident_forms.h"
 #include "suite/korvan_suite.h"
 
 #include <cstdlib>
@@ -38,6 +39,7 @@ std::unique_ptr<core::Suite> makeSuite() {
 void addScreens(core::Session& session) {
     core::addCoreForms(session);
     suite::addSuiteForms(session);
+    incident::addIncidentForms(session);
 }
 
 } // namespace zel::program
