@@ -58,7 +58,8 @@ void lookAtHeader(const fs::path& file) {
     using namespace std::string_view_literals;
     const std::string header = readHeader(file);
     if (isJetFile(header))
-        refuse(file, "it is a Jet database. Bring its data over with 'korvan-db import' first.");
+        refuse(file, "it is a Jet database, which this program cannot read. Make a database with 'korvan-db create' "
+                     "and have the module that keeps the old one bring its data over.");
     if (header.size() < headerSize || !header.starts_with("SQLite format 3\0"sv))
         refuse(file, "it is not a database.");
     if (applicationIdOf(header) != sqliteApplicationId)

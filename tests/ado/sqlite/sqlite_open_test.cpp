@@ -81,7 +81,7 @@ TEST_F(SqliteOpenTest, AHeaderAloneIsNoDatabase) {
 TEST_F(SqliteOpenTest, AJetFileIsToldApartAndHelpIsOffered) {
     for (const std::string name : {"Standard Jet DB", "Standard ACE DB"}) {
         write(std::string("\0\1\0\0", 4) + name + std::string(4096, '\0'));
-        EXPECT_THAT(refusal(), AllOf(HasSubstr("Jet database"), HasSubstr("korvan-db import")));
+        EXPECT_THAT(refusal(), AllOf(HasSubstr("Jet database"), HasSubstr("korvan-db create")));
     }
 }
 
