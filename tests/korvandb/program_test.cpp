@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -39,7 +41,7 @@ protected:
     }
 
 private:
-    fs::path folder_ = zel::test::runFolder() / "program";
+    fs::path folder_ = zel::test::runFolder() / ("program_" + std::to_string(::getpid()));
 };
 
 TEST_F(Program, Create_makes_a_sound_database_without_incidents) {
@@ -168,17 +170,19 @@ TEST_F(Program, A_wrong_command_line_has_a_status_of_its_own) {
 
 class ServerProgram : public testing::Test {
 protected:
-    [[nodiscard]] std::string target() const { return database_.server() + "/made_here"; }
+    [[nodiscard]] std::string target() const { return database_.server() + "/" + name_; }
     ~ServerProgram() override {
-        database_.connection().engine().prepare("DROP DATABASE IF EXISTS made_here", true)->execute({});
+        database_.connection().engine().prepare("DROP DATABASE IF EXISTS " + name_, true)->execute({});
     }
-    [[nodiscard]] std::int64_t databasesNamed(const std::string& pattern) {
+    /// It, and anything half made beside it.
+    [[nodiscard]] std::int64_t databasesMade() {
         return Rows(database_.connection().engine(),
-                    "SELECT count(*) FROM pg_catalog.pg_database WHERE datname LIKE '" + pattern + "'")
+                    "SELECT count(*) FROM pg_catalog.pg_database WHERE datname LIKE '" + name_ + "%'")
             .number(0, 0);
     }
 
 private:
+    std::string name_ = "made_" + std::to_string(::getpid()) + "_here";
     zel::test::TestDatabase database_{ado::EngineKind::Postgres};
 };
 
@@ -196,12 +200,12 @@ TEST_F(ServerProgram, An_existing_shared_database_is_replaced_with_force_alone) 
     EXPECT_THAT(korvanDb("info " + target()).output, HasSubstr("Incidents  2\n"));
     EXPECT_EQ(korvanDb("create --force " + target()).status, 0);
     EXPECT_THAT(korvanDb("info " + target()).output, HasSubstr("Incidents  0\n"));
-    EXPECT_EQ(databasesNamed("made_here%"), 1);
+    EXPECT_EQ(databasesMade(), 1);
 }
 
 TEST_F(ServerProgram, A_shared_database_that_is_not_there_or_not_ours_is_said) {
     EXPECT_EQ(korvanDb("check " + target()).status, 3);
-    EXPECT_EQ(databasesNamed("made_here%"), 0);
+    EXPECT_EQ(databasesMade(), 0);
     const std::string server = target().substr(0, target().rfind('/'));
     const ProgramRun foreign = korvanDb("info " + server + "/postgres");
     EXPECT_EQ(foreign.status, 3);
