@@ -159,8 +159,9 @@ TEST_P(DatabaseFileTest, ADatabaseFileOpensWhateverTheLettersOfItsName) {
 
 TEST_P(DatabaseFileTest, AJetFileIsToldApart) {
     using namespace std::string_literals;
-    EXPECT_THAT(refusal("\0\1\0\0Standard Jet DB\0"s + std::string(200, 'x')),
-                HasSubstr("it is a Jet database. Bring its data over with 'korvan-db import' first."));
+    EXPECT_THAT(
+        refusal("\0\1\0\0Standard Jet DB\0"s + std::string(200, 'x')),
+        HasSubstr("it is a Jet database, which this program cannot read. Make a database with 'korvan-db create'"));
 }
 
 TEST_P(DatabaseFileTest, AnyOtherFileIsRefused) {
