@@ -16,7 +16,7 @@ void BookmarkSet::Add(Bookmark row) {
 void BookmarkSet::Remove(int index) {
     auto rows = rows_;
     rows.erase(rows.begin() + index);
-    assign(std::move(rows));
+    assign(rows);
 }
 
 void BookmarkSet::Clear() {
@@ -24,7 +24,7 @@ void BookmarkSet::Clear() {
         assign({});
 }
 
-void BookmarkSet::assign(std::vector<Bookmark> rows) {
+void BookmarkSet::assign(const std::vector<Bookmark>& rows) {
     rows_.clear();
     position_.clear();
     for (Bookmark row : rows) {
@@ -45,7 +45,7 @@ void BookmarkSet::follow(const RowSource* source) {
         if (same && source != nullptr && source->rowOf(row) >= 0)
             left.push_back(row);
     }
-    assign(std::move(left));
+    assign(left);
 }
 
 int BookmarkSet::position(Bookmark row) const {

@@ -24,7 +24,7 @@ public:
     /// By position.
     void Remove(int index);
     void Clear();
-    void assign(std::vector<Bookmark> rows);
+    void assign(const std::vector<Bookmark>& rows);
     [[nodiscard]] bool contains(Bookmark row) const { return position_.contains(row); }
     /// -1 for a row that is not selected.
     [[nodiscard]] int position(Bookmark row) const;

@@ -46,11 +46,9 @@ std::vector<Form*> FormRegistry::forms() const {
 }
 
 Form* FormRegistry::ActiveForm() const {
-    for (auto form = recent_.rbegin(); form != recent_.rend(); ++form) {
-        if (!ado::equalIgnoringCase((*form)->Name(), shell_))
-            return *form;
-    }
-    return nullptr;
+    const auto isScreen = [this](const Form* form) { return !ado::equalIgnoringCase(form->Name(), shell_); };
+    const auto last = std::find_if(recent_.rbegin(), recent_.rend(), isScreen);
+    return last == recent_.rend() ? nullptr : *last;
 }
 
 void FormRegistry::setHourglass(bool on) {

@@ -64,7 +64,7 @@ void GridColumn::setValue(const Value& value) {
     grid_.writeCell(index_, value);
 }
 
-void GridColumn::setText(std::string text) {
+void GridColumn::setText(const std::string& text) {
     grid_.writeCell(index_, grid_.typedValue(text, *this));
 }
 

@@ -51,7 +51,7 @@ public:
     [[nodiscard]] std::string Text() const;
     /// Writes into the row as typing does, but without the column events; the row is saved by Update or on leaving it.
     void setValue(const Value& value);
-    void setText(std::string text);
+    void setText(const std::string& text);
     /// As shown, of any row from 0.
     [[nodiscard]] std::string cellText(std::int64_t row) const;
 

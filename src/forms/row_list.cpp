@@ -110,6 +110,17 @@ void RowList::ensureColumns() {
         columns_.emplace_back(*this, source_->columnName(column), source_->columnName(column));
 }
 
+void RowList::renewColumns() {
+    if (!ownColumns_ || !source_ || source_->columnCount() == 0)
+        return;
+    // Hidden columns that Columns() added stand behind those of the source.
+    bool same = source_->columnCount() <= static_cast<int>(columns_.size());
+    for (int column = 0; same && column < source_->columnCount(); ++column)
+        same = source_->columnName(column) == columns_[column].DataField();
+    if (!same)
+        removeColumns();
+}
+
 int RowList::columnCount() {
     ensureColumns();
     return static_cast<int>(columns_.size());
@@ -264,6 +275,7 @@ void RowList::setBoundText(std::string_view value) {
 }
 
 void RowList::ReBind() {
+    renewColumns();
     doubtful_ = true;
     sourceChanged();
     face_.notify(Property::Items);

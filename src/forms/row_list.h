@@ -129,12 +129,14 @@ private:
     friend class ListColumn;
     void setSource(std::unique_ptr<RowSource> source);
     void ensureColumns();
+    /// Columns made from a source that has other ones now are made anew.
+    void renewColumns();
     [[nodiscard]] int namedColumn(std::string_view captionOrField) const noexcept;
     [[nodiscard]] int sourceColumn(std::string_view captionOrField) const;
     [[nodiscard]] int listFieldColumn() const;
     [[nodiscard]] int boundFieldColumn() const;
-    [[nodiscard]] const ListColumn* columnShowing(int sourceColumn) const;
-    [[nodiscard]] std::string shownText(std::int64_t row, int sourceColumn, const ListColumn* column) const;
+    [[nodiscard]] const ListColumn* columnShowing(int column) const;
+    [[nodiscard]] std::string shownText(std::int64_t row, int column, const ListColumn* shownBy) const;
     template <typename Matches>
     [[nodiscard]] std::int64_t firstRow(std::string_view column, Matches&& matches) const;
 

@@ -21,7 +21,12 @@ public:
     [[nodiscard]] std::optional<Value> property(std::string_view name) const override;
     [[nodiscard]] std::string_view defaultProperty() const noexcept override { return "Text"; }
 
-    std::function<void()> DropDownOpen, DropDownClose;
+    /// Makes the row that reads so, or whose data field does, the chosen one; none when there is no such row. A row
+    /// that is chosen already and reads so stays, since two rows can read the same.
+    void standOn(std::string_view text);
+
+protected:
+    [[nodiscard]] bool followsSource() const noexcept override { return false; }
 
 private:
     std::string dataField_;

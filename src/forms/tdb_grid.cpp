@@ -3,8 +3,10 @@
 #include "ado/convert.h"
 #include "ado/format.h"
 #include "forms/adodc.h"
+#include "forms/mask.h"
 #include "forms/tdb_drop_down.h"
 #include "forms/user.h"
+#include "forms/utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,6 +46,7 @@ void TDBGrid::ReBind() {
     editing_ = -1;
     typed_.reset();
     onNewRow_ = inserting_ = bof_ = eof_ = false;
+    renewColumns();
     SelBookmarks.follow(source_.get());
     notify(Property::Items);
 }
@@ -80,6 +83,16 @@ void TDBGrid::ensureColumns() {
     ownColumns_ = true;
     for (int column = 0; column < source_->columnCount(); ++column)
         columns_.emplace_back(*this, column, source_->columnName(column), source_->columnName(column));
+}
+
+void TDBGrid::renewColumns() {
+    if (!ownColumns_ || !source_ || source_->columnCount() == 0)
+        return;
+    bool same = source_->columnCount() == static_cast<int>(columns_.size());
+    for (const GridColumn& column : columns_)
+        same = same && source_->columnName(column.ColIndex()) == column.DataField();
+    if (!same)
+        removeColumns();
 }
 
 int TDBGrid::columnCount() {
@@ -193,13 +206,27 @@ std::string TDBGrid::shownText(const Value& value, const GridColumn& column) con
 
 Value TDBGrid::typedValue(const std::string& text, const GridColumn& column) const {
     if (auto value = column.ValueItems.valueOf(text))
-        return Value(*value);
+        return {*value};
     if (const TDBDropDown* list = column.DropDown(); list != nullptr && list->ValueTranslate()) {
         const auto row = list->findText(text);
         if (row >= 0)
             return list->fieldValue(row, list->DataField());
     }
-    return Value(text);
+    return {text};
+}
+
+std::string TDBGrid::fittedText(const std::string& text, const GridColumn& column) {
+    constexpr char32_t prompt = U'_';
+    std::string fitted = text;
+    if (!column.EditMask().empty()) {
+        // A text that does not fill the mask stands as typed; the screen's own check says what is wrong with it.
+        const auto laid = Mask(column.EditMask()).lay(utf8::decode(text), prompt);
+        if (laid && laid->find(prompt) == std::u32string::npos)
+            fitted = utf8::encode(*laid);
+    }
+    if (column.DataWidth() > 0)
+        fitted.resize(utf8::offset(fitted, column.DataWidth()));
+    return fitted;
 }
 
 RowStyle TDBGrid::rowStyle(std::int64_t row) const {
@@ -262,10 +289,13 @@ bool TDBGrid::beginInsert() {
     return !cancel;
 }
 
-bool TDBGrid::endEdit(const std::string& text) {
+bool TDBGrid::endEdit(const std::string& entered) {
     if (editing_ < 0)
         return false;
     const int column = editing_;
+    const std::string text = fittedText(entered, columns_.at(column));
+    if (TDBDropDown* list = columns_.at(column).DropDown())
+        list->standOn(text);
     if (text == currentText(column)) {
         editing_ = -1;
         raise(AfterColEdit, column);
@@ -453,8 +483,8 @@ std::string TDBGrid::Text() const {
     return col_ < static_cast<int>(columns_.size()) ? currentText(col_) : std::string();
 }
 
-void TDBGrid::setText(std::string text) {
-    Columns(col_).setText(std::move(text));
+void TDBGrid::setText(const std::string& text) {
+    Columns(col_).setText(text);
 }
 
 bool TDBGrid::MoveFirst() {

@@ -62,14 +62,14 @@ public:
 
     /// The current row from 0, newRow or noRow. Moving writes a changed row first; false when that was refused.
     [[nodiscard]] std::int64_t row() const;
-    bool setRow(std::int64_t row);
+    bool setRow(std::int64_t target);
     [[nodiscard]] Bookmark bookmark() const;
-    bool setBookmark(Bookmark row);
+    bool setBookmark(Bookmark target);
     [[nodiscard]] int Col() const noexcept { return col_; }
     void setCol(int column);
     /// The cell of the current row and column as shown.
     [[nodiscard]] std::string Text() const;
-    void setText(std::string text);
+    void setText(const std::string& text);
     bool MoveFirst();
     bool MoveLast();
     bool MoveNext();
@@ -100,7 +100,7 @@ public:
     bool editCell(int column, const std::string& text) { return beginEdit(column) && endEdit(text); }
     /// The two halves of it: opening the cell, and leaving it with a text.
     bool beginEdit(int column);
-    bool endEdit(const std::string& text);
+    bool endEdit(const std::string& entered);
     void cancelEdit();
     [[nodiscard]] bool editing() const noexcept { return editing_ >= 0; }
     bool takeKey(int key) override;
@@ -129,6 +129,10 @@ private:
     friend class GridColumn;
     void setSource(std::unique_ptr<RowSource> source);
     void ensureColumns();
+    /// Columns made from a source that has other ones now are made anew.
+    void renewColumns();
+    /// What was typed, with the literals of the edit mask and cut to the width of the column.
+    [[nodiscard]] static std::string fittedText(const std::string& text, const GridColumn& column);
     [[nodiscard]] int namedColumn(std::string_view captionOrField) const noexcept;
     [[nodiscard]] int sourceColumn(const GridColumn& column) const;
     /// Stored, or asked for with UnboundColumnFetch.

@@ -68,18 +68,18 @@ public:
     Outcome toolbar(Control& bar, std::string_view key);
 
     /// Rows of grids count from 0, TDBGrid::newRow is the row for a new record.
-    Outcome row(Control& grid, std::int64_t row);
-    Outcome editCell(Control& grid, std::int64_t row, std::string_view column, std::string_view text);
+    Outcome row(Control& target, std::int64_t row);
+    Outcome editCell(Control& target, std::int64_t row, std::string_view column, std::string_view text);
     /// The same in two steps, for a front end with an editor in the cell: beginCell may refuse, endCell takes the text.
-    Outcome beginCell(Control& grid, std::int64_t row, int column);
-    Outcome endCell(Control& grid, std::string_view text);
-    Outcome cancelCell(Control& grid);
-    Outcome commitRow(Control& grid);
-    Outcome deleteRow(Control& grid);
-    Outcome headClick(Control& gridOrList, std::string_view column);
+    Outcome beginCell(Control& target, std::int64_t row, int column);
+    Outcome endCell(Control& target, std::string_view text);
+    Outcome cancelCell(Control& target);
+    Outcome commitRow(Control& target);
+    Outcome deleteRow(Control& target);
+    Outcome headClick(Control& target, std::string_view column);
     /// Marks exactly these rows, in this order.
-    Outcome selectRows(Control& gridOrList, const std::vector<std::int64_t>& rows);
-    Outcome selectAllRows(Control& gridOrList);
+    Outcome selectRows(Control& target, const std::vector<std::int64_t>& rows);
+    Outcome selectAllRows(Control& target);
     /// The right mouse button, and the entry (by name or caption) of the pop-up menu that the screen then shows.
     Outcome rightClick(Control& target);
     Outcome popup(Control& target, std::string_view entry);

@@ -218,14 +218,14 @@ Outcome User::selectRows(Control& target, const std::vector<std::int64_t>& rows)
             marks.push_back(grid->source()->bookmarkAt(row));
         if (!rows.empty() && !grid->setRow(rows.back()))
             return {rowName(grid->row()) + " of " + target.fullName() + " cannot be left"};
-        grid->SelBookmarks.assign(std::move(marks));
+        grid->SelBookmarks.assign(marks);
         Control::raise(grid->SelChange);
         return {};
     }
     if (auto* list = dynamic_cast<TDBList*>(&target); list != nullptr && list->MultiSelect()) {
         for (auto row : rows)
             marks.push_back(list->source()->bookmarkAt(row));
-        list->SelBookmarks.assign(std::move(marks));
+        list->SelBookmarks.assign(marks);
         if (!rows.empty())
             list->setSelectedItem(rows.back());
         Control::raise(list->SelChange);

@@ -211,6 +211,62 @@ TEST_F(TDBGridTest, DropDownTranslatesBetweenKeyAndText) {
     grid.Columns("UOMID").setDropDown(nullptr);
 }
 
+TEST_F(TDBGridTest, DropDownStandsOnTheRowOfTheCellBeforeTheCheckRuns) {
+    ValueArray kinds(2);
+    kinds.setColumnNames({"Description", "KindCode"});
+    kinds.addRow({"CREW MEMBER", "CRWB"});
+    kinds.addRow({"CREW MEMBER", "SQDB"});
+    kinds.addRow({"FALLER", "FALB"});
+    TDBDropDown list{form, "ddcKindCode"};
+    list.bind(kinds);
+    list.setListField("Description");
+    list.setDataField("KindCode");
+    grid.Columns("* UOM").setDropDown(&list);
+    grid.BeforeColUpdate = [&](int, const Value&, bool&) {
+        grid.Columns("* UOM").setValue(list.Columns("KindCode").value());
+    };
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "faller")));
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "FALB");
+    list.setSelectedItem(1);
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "CREW MEMBER")));
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "SQDB") << "the row picked in the list counts, not the first of its text";
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "UNKNOWN")));
+    EXPECT_EQ(list.SelectedItem(), -1);
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "");
+    grid.Columns("* UOM").setDropDown(nullptr);
+}
+
+TEST_F(TDBGridTest, EditMaskPutsItsLiteralsIntoAFullEntryOnly) {
+    grid.Columns("* UOM").setEditMask("##:##");
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "0800")));
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "08:00");
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "08:15")));
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "08:15");
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "815")));
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "815");
+}
+
+TEST_F(TDBGridTest, EntryIsCutToTheWidthOfItsColumn) {
+    grid.Columns("* UOM").setDataWidth(4);
+    EXPECT_TRUE(done(desk.user.editCell(grid, 0, "* UOM", "MILEAGE")));
+    EXPECT_EQ(grid.Columns("* UOM").Text(), "MILE");
+}
+
+TEST_F(TDBGridTest, ColumnsTakenFromTheSourceFollowItWhenItHasOthers) {
+    ValueArray found(2);
+    found.setColumnNames({"LastName", "PStatus"});
+    TDBGrid plain{form, "dbgPersonnel"};
+    plain.bind(found);
+    plain.Columns("PStatus").setWidth(500);
+    plain.ReBind();
+    EXPECT_EQ(plain.Columns("PStatus").Width(), 500) << "what the screen set on a column stays through a rebind";
+    found = ValueArray(3);
+    found.setColumnNames({"Name", "Kind", "Unit"});
+    plain.ReBind();
+    EXPECT_EQ(plain.columnCount(), 3);
+    EXPECT_EQ(plain.Columns(2).Caption(), "Unit");
+}
+
 TEST_F(TDBGridTest, NumbersAreShownInTheirFormatAlsoUnderEdit) {
     EXPECT_EQ(grid.cellText(1, 2), "$12.50");
     EXPECT_TRUE(done(desk.user.editCell(grid, 1, "* Rate", "7")));
