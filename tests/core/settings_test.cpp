@@ -122,9 +122,9 @@ TEST_F(SettingsTest, AfterACancelledPickNothingIsOpened) {
 }
 
 TEST_F(SettingsTest, ABinarySettingsFileIsLeftAloneAndTheProgramStarts) {
-    const std::string rubbish("\x7f"
-                              "ELF\0\0\x01garbage\n[ZEL\0]\nDBSPath=\xff\xfe\n",
-                              38);
+    using namespace std::string_literals;
+    const std::string rubbish = "\x7f"
+                                "ELF\0\0\x01garbage\n[ZEL\0]\nDBSPath=\xff\xfe\n"s;
     program.putIni(rubbish);
     program.start();
     EXPECT_TRUE(program.dialogs.take().empty());
