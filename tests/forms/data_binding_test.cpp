@@ -8,6 +8,8 @@
 #include "forms/tdb_list.h"
 #include "support/database_test.h"
 
+#include <algorithm>
+#include <chrono>
 #include <optional>
 
 namespace zel::forms {
@@ -217,6 +219,30 @@ TEST_P(DataBindingTest, BindingReadsNothingSoThatAFilterTravelsWithTheStatement)
     ado.setFilter("AdminOfficeID = 3");
     run("delete from AdminOffice where AdminOfficeID = 3");
     EXPECT_EQ(grid.rowCount(), 0) << "rows were fetched before they were asked for";
+}
+
+TEST_P(DataBindingTest, CompletionFindsTheLastOfFiftyThousandRowsWithinAFrame) {
+    run("with recursive n(i) as (select 100 union all select i + 1 from n where i < 50099) "
+        "insert into AdminOffice (AdminOfficeID, Name) select i, 'OFFICE NUMBER ' || i from n");
+    TDBCombo combo{form, "dbcOffice", 0};
+    combo.setListField("Name");
+    combo.bind(ado);
+    ado.Refresh();
+    EXPECT_EQ(combo.rowCount(), 50'003);
+    using Clock = std::chrono::steady_clock;
+    auto best = Clock::duration::max();
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        const auto begin = Clock::now();
+        EXPECT_EQ(combo.findPrefix("office number 50099"), 50'002);
+        best = std::min(best, Clock::now() - begin);
+    }
+    RecordProperty("microseconds", static_cast<int>(best / std::chrono::microseconds(1)));
+    // Without optimisation and under sanitizers everything takes many times as long.
+#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__)
+    EXPECT_LT(best, std::chrono::milliseconds(16));
+#else
+    EXPECT_LT(best, std::chrono::milliseconds(400));
+#endif
 }
 
 TEST_P(DataBindingTest, ClosedDataControlShowsNoRows) {
