@@ -462,8 +462,8 @@ Bookmark TDBGrid::bookmark() const {
     return at < 0 ? 0 : source_->bookmarkAt(at);
 }
 
-bool TDBGrid::setBookmark(Bookmark bookmark) {
-    return source_ && setRow(source_->rowOf(bookmark));
+bool TDBGrid::setBookmark(Bookmark target) {
+    return source_ && setRow(source_->rowOf(target));
 }
 
 void TDBGrid::setCol(int column) {
