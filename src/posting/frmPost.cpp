@@ -1,0 +1,321 @@
+#include "posting/frmPost.h"
+
+#include "ado/convert.h"
+#include "ado/recordset.h"
+#include "core/data_controls.h"
+#include "core/frmMain.h"
+#include "core/lists.h"
+#include "core/modData.h"
+#include "core/session.h"
+#include "core/suite.h"
+#include "forms/form_registry.h"
+#include "forms/user.h"
+#include "platform/clock.h"
+#include "posting/post_columns.h"
+#include "posting/post_keys.h"
+#include "posting/post_statements.h"
+#include "services/grid_columns.h"
+#include "services/list_columns.h"
+
+namespace zel::posting {
+
+using ado::Sql;
+using forms::CheckBox;
+
+namespace {
+
+constexpr const char* dateMask = "99/99/9999";
+
+/// The numbers of a page's date and hours box; its time boxes have the same numbers.
+constexpr int firstBox(int page) {
+    return page * 2;
+}
+
+} // namespace
+
+frmPost::frmPost(core::Session& state) : Screen(state, "frmPost") {
+    setCaption("Post Time");
+    CkKeyPadEnterTab.setCaption("&Use Enter Key as Tab for Posting");
+    makePersonPage();
+    makeCrewPage();
+    makeEquipmentPage();
+    connectPersonPage();
+    connectGrid();
+    tabPosting.Click = handler([this] { opening([this] { showPage(tabPosting.CurrTab()); }); });
+    cmdPrint286.Click = handler([this] { printForm(); });
+    KeyPress = [this](int& key) { stepByKey(key); };
+}
+
+void frmPost::makeEntryFields(int page) {
+    const forms::Place place = tabPosting.onPage(page);
+    const int first = firstBox(page);
+    dbcAcct.add(place, page);
+    for (const int index : {first, first + 1}) {
+        mskPost.add(place, index);
+        cboTime.add(place, index);
+    }
+    mskPost(first).setMask(dateMask);
+    mskPost(first).setFormat("mm/dd/yyyy");
+    mskPost(first + 1).setLocked(true);
+    mskPost(first + 1).setTabStop(false);
+    cbPost.add(place, page);
+    cmdSave.add(place, page).setCaption("Commit &Posting");
+    cmdClear.add(place, page).setCaption("&Clear");
+    cmdDelete.add(place, page).setCaption("&Delete");
+}
+
+void frmPost::makePersonPage() {
+    makeEntryFields(persons);
+    cmdSave(persons).setDefault(true);
+    static constexpr const char* captions[] = {"Account", "* Date",  "* Start Time", "* Stop Time",
+                                               "Hours",   "Special", "Person"};
+    int index = 0;
+    for (const char* caption : captions)
+        lblPost.add(tabPosting.onPage(persons), index++).setCaption(caption);
+    chkLastDay.setCaption("Check here to Post Return Travel Day");
+    dbcPersonnel.addColumn("Name", "LnFn");
+    for (const auto& [caption, field] :
+         {std::pair("PID", "PersonID"), std::pair("PStatus", "PStatus"), std::pair("FedCode", "FedCode"),
+          std::pair("AcctID", "AccountingID"), std::pair("AcctCode", "AccountingCode"), std::pair("Area", "Area")})
+        dbcPersonnel.addColumn(caption, field).setVisible(false);
+    dbcPersonnel.setListField("LnFn");
+    dbcPersonnel.setBoundColumn("PersonID");
+    addPersonPostColumns(dbgPersonnelPost);
+    dbgPersonnelPost.AllowDelete = true;
+    dbgPersonnelPost.Columns(post_column::KindCode).setDropDown(&ddcKindCode);
+    dbgPersonnelPost.Columns(post_column::AccountingID).setDropDown(&tdbDDAccts);
+    ddcKindCode.setDataField("KindCode");
+    tdbDDAccts.setDataField("AccountingID");
+    tdbDDAccts.setValueTranslate(true);
+}
+
+void frmPost::makeCrewPage() {
+    makeEntryFields(crews);
+    dblCrewMembers.setMultiSelect(true);
+    addPersonPostColumns(dbgPostCrews);
+}
+
+void frmPost::makeEquipmentPage() {
+    static constexpr const char* captions[] = {"Contract Equipment", "Contract Crews", "Other Contracts"};
+    optType.each([](forms::OptionButton& option) { option.setCaption(captions[option.Index()]); });
+    optType.on(&forms::OptionButton::Click, [this](int type) {
+        handler([this, type] {
+            static constexpr const char* posting[] = {"Posting Equipment", "Posting Contract Crew",
+                                                      "Posting Other Contracts"};
+            session.gContractType = type;
+            session.gEquipTabOpen = true;
+            lblCurrentPost.setCaption(posting[type]);
+            dbcContractor.setText("");
+            dbcEquipment.setText("");
+            AdoSelect1.setRecordSource(statements::contractors(session));
+            AdoSelect1.Refresh();
+        })();
+    });
+}
+
+void frmPost::connectPersonPage() {
+    dbcPersonnel.ItemChange = handler([this] { takePerson(); });
+    dbcAcct.on(&forms::TDBCombo::ItemChange, [this](int box) { handler([this, box] { takeAccount(box); })(); });
+    mskPost(0).GotFocus = handler([this] { fCheckPersonStatus(); });
+    for (const int date : {firstBox(persons), firstBox(crews)})
+        mskPost(date).Validate = [this, date](bool& keepFocus) { keepFocus = !validDate(date); };
+    cboTime.each([this](forms::ComboBox& box) {
+        box.Validate = [this, index = box.Index()](bool&) {
+            handler([this, index] { (void)fCheckPostField(FieldKind::cboTime, index); })();
+        };
+    });
+    chkLastDay.Click = handler([this] { chkLastDay_Click(); });
+    cmdSave(persons).Click = handler([this] { savePerson(); });
+    cmdClear(persons).Click = handler([this] { fClearPersonPost(); });
+    cmdDelete(persons).Click = handler([this] { deletePersonPost(); });
+}
+
+void frmPost::loadTimes() {
+    ado::Recordset times;
+    times.Open("Select time from L_Time order by time", session.connection());
+    cboTime.each([](forms::ComboBox& box) { box.Clear(); });
+    for (; !times.EOF_(); times.MoveNext()) {
+        const std::string time = ado::toText(times.value(0));
+        cboTime.each([&time](forms::ComboBox& box) { box.AddItem(time); });
+    }
+}
+
+void frmPost::tbFormOpen() {
+    opening([this] {
+        if (session.gIncidentID < 1 && !session.gManageAll) {
+            session.dialogs.message("Incident not identified.  Exit " + session.app.Title + " and try again.",
+                                    session.title(": Incident Not Found"));
+            return;
+        }
+        for (forms::Adodc* data : {&AdoSelect1, &AdoSelect2, &AdoPost})
+            data->setRecordSource("Select * from PersonsPost where PersonsPostID = 0");
+        core::RebindDataControls(*this, session.connection(), session.suite.locator().Password(), session.gRefreshing);
+        loadTimes();
+        services::SetListColumns(dbcAcct(persons), session.gAccountList, 1, !session.gManageAll);
+        services::SetListColumns(dbcAcct(crews), session.gAccountList, 1, !session.gManageAll);
+        services::SetListColumns(ddcKindCode, session.gKindList, 2, false);
+        services::SetListColumns(tdbDDAccts, session.gAccountList, 1, !session.gManageAll);
+        fillPremiums("");
+        fRebindIncident();
+    });
+}
+
+void frmPost::tbFormClose() {
+    if (tabPosting.CurrTab() == persons && currentPerson() > 0) {
+        session.gCurrentPersonID = currentPerson();
+        if (const ado::Value resource = dbcPersonnel.Columns("RResourceID").value(); !resource.isEmpty())
+            session.gCurrentResourceID = ado::toLong(resource);
+    }
+    for (forms::Adodc* data : {&AdoSelect1, &AdoSelect2, &AdoPost})
+        data->Close();
+}
+
+void frmPost::tbSave() {
+    if (forms::CommandButton* button = cmdSave.find(tabPosting.CurrTab()))
+        button->press();
+}
+
+void frmPost::tbDelete() {
+    if (forms::CommandButton* button = cmdDelete.find(tabPosting.CurrTab()))
+        button->press();
+}
+
+void frmPost::tbNew() {
+    if (forms::MaskEdBox* date = mskPost.find(firstBox(tabPosting.CurrTab())))
+        date->SetFocus();
+}
+
+void frmPost::fRebindIncident() {
+    showPage(tabPosting.CurrTab());
+}
+
+void frmPost::showPage(int page) {
+    switch (page) {
+    case persons:
+        showPersons();
+        break;
+    case crews:
+        showCrews();
+        break;
+    default:
+        showEquipment();
+        break;
+    }
+}
+
+void frmPost::showPersons() {
+    cmdPrint286.setCaption("Print OF288");
+    lblCurrentPost.setCaption("Posting Personnel");
+    const std::int32_t person = currentPerson();
+    AdoSelect1.setRecordSource(statements::persons(session));
+    AdoSelect1.Refresh();
+    AdoSelect2.setRecordSource("Select * from persons where personid = 0");
+    AdoSelect2.Refresh();
+    AdoPost.setRecordSource("Select * from PersonsPost where PersonsPostID = 0");
+    AdoPost.Refresh();
+    AdoPost.setRecordSource("Select * from PersonsPost");
+    if (dbcPersonnel.source() == nullptr)
+        dbcPersonnel.bind(AdoSelect1);
+    if (dbgPersonnelPost.source() == nullptr)
+        dbgPersonnelPost.bind(AdoPost);
+    dbcPersonnel.setBoundText(person > 0 ? std::to_string(person) : std::string());
+    if (currentPerson() < 1)
+        dbcPersonnel.setText("");
+    showAccount(persons);
+    fRebindCurrentPerson();
+}
+
+void frmPost::showCrews() {
+    cmdPrint286.setCaption("Print OF288");
+    lblCurrentPost.setCaption("Posting Crews");
+    AdoSelect1.setRecordSource(statements::crews(session));
+    AdoSelect1.Refresh();
+    AdoSelect2.setRecordSource(core::AddWhere("[ResourceID]=0", statements::crewMembers()));
+    AdoSelect2.Refresh();
+    AdoPost.setRecordSource("Select * from PersonsPost order by ActivityDt, StartTime, StopTime");
+    AdoPost.Refresh();
+    AdoPost.setFilter("PersonID=0");
+    showAccount(crews);
+}
+
+void frmPost::showEquipment() {
+    cmdPrint286.setCaption("Print OF286");
+    lblCurrentPost.setCaption("Posting Equipment");
+    AdoSelect1.setRecordSource(statements::contractors(session));
+    AdoSelect1.Refresh();
+    AdoSelect2.setRecordSource(statements::equipment(session));
+    AdoSelect2.Refresh();
+    AdoPost.setRecordSource("Select * from ContractorPost Where ContractorPostID=0");
+    AdoPost.Refresh();
+    optType(0).setValue(true);
+    session.gEquipTabOpen = true;
+}
+
+void frmPost::showAccount(int box) {
+    dbcAcct(box).setText("");
+    if (session.gAccountingID > 0) {
+        const auto row = dbcAcct(box).findText(std::to_string(session.gAccountingID), "AcctID");
+        if (row >= 0)
+            dbcAcct(box).setText(dbcAcct(box).listText(row));
+    }
+}
+
+void frmPost::takeAccount(int box) {
+    const ado::Value account = dbcAcct(box).Columns("AcctID").value();
+    session.gAccountingID = account.isEmpty() ? -1 : ado::toLong(account);
+}
+
+void frmPost::stepByKey(int& key) {
+    forms::Control* active = ActiveControl();
+    if (active == nullptr || session.Working)
+        return;
+    if (auto* box = dynamic_cast<forms::MaskEdBox*>(active); box != nullptr && box->Mask() == dateMask) {
+        if (const auto date = steppedDate(box->Text(), key, session.clock.Today())) {
+            box->setText(*date);
+            key = 0;
+        }
+    } else if (active->Name() == "cboTime") {
+        auto& time = dynamic_cast<forms::ComboBox&>(*active);
+        if (const auto stepped = steppedTime(time.Text(), key, session.clock.Now())) {
+            time.setText(*stepped);
+            key = 0;
+        } else if (key == forms::keys::enter && CkKeyPadEnterTab.isChecked()) {
+            key = 0;
+            if (forms::Control* next = tabStop(active))
+                next->SetFocus();
+        }
+    }
+}
+
+void frmPost::printForm() {
+    auto* shell = dynamic_cast<core::frmMain*>(session.forms.shell());
+    if (shell == nullptr)
+        return;
+    const auto keyOf = [](const char* letter, const ado::Value& id) {
+        return id.isEmpty() ? std::string() : letter + ado::toText(id);
+    };
+    // The shell's tag is the selection key that a print takes along.
+    switch (tabPosting.CurrTab()) {
+    case persons:
+        shell->setTag(keyOf("P", dbcPersonnel.Columns("PID").value()));
+        shell->mnuRep288_Click();
+        break;
+    case crews:
+        shell->setTag(
+            keyOf("R", core::HasRows(AdoSelect1, true) ? AdoSelect1.Recordset().value("ResourceID") : ado::Value()));
+        shell->mnuRep288_Click();
+        break;
+    default:
+        shell->setTag(dbcEquipment.isBound() ? keyOf("R", dbcEquipment.Columns("ResourceID").value()) : std::string());
+        shell->mnuRep286_Click();
+        break;
+    }
+}
+
+core::Screen::DumpLines frmPost::dumpLines() const {
+    return {{"mPostAllowed", ado::toText(ado::Value(mPostAllowed_))},
+            {"gAccountingID", std::to_string(session.gAccountingID)},
+            {"gInvoiceDate", session.gInvoiceDate}};
+}
+
+} // namespace zel::posting

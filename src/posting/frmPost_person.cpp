@@ -1,0 +1,403 @@
+#include "posting/frmPost.h"
+
+#include "ado/convert.h"
+#include "ado/error.h"
+#include "ado/format.h"
+#include "ado/recordset.h"
+#include "core/failure.h"
+#include "core/modData.h"
+#include "core/session.h"
+#include "forms/form_registry.h"
+#include "posting/grid_edit_checks.h"
+#include "posting/modMath.h"
+#include "posting/modPost.h"
+#include "posting/post_columns.h"
+#include "services/control_groups.h"
+#include "services/list_rows.h"
+#include "services/text_rules.h"
+
+#include <fmt/format.h>
+
+namespace zel::posting {
+
+using ado::DateTime;
+using ado::Sql;
+using ado::Value;
+using forms::Buttons;
+using forms::CheckBox;
+using forms::Icon;
+
+namespace {
+
+constexpr int dateBox = 0, hoursBox = 1, startBox = 0, stopBox = 1, stopLabel = 3;
+constexpr std::size_t shortestName = 6;
+
+bool isNoInvoice(const Value& invoice) {
+    return invoice.isEmpty() || ado::toLong(invoice) == 0;
+}
+
+/// The hourglass for the length of a scope.
+class Hourglass {
+public:
+    explicit Hourglass(forms::FormRegistry& forms) : forms_(forms) { forms_.setHourglass(true); }
+    ~Hourglass() { forms_.setHourglass(false); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+private:
+    forms::FormRegistry& forms_;
+};
+
+} // namespace
+
+std::int32_t frmPost::currentPerson() const {
+    const std::string id = dbcPersonnel.BoundText();
+    return id.empty() ? 0 : ado::toLong(id);
+}
+
+std::string frmPost::personText(std::string_view column) {
+    return ado::toText(dbcPersonnel.Columns(column).value());
+}
+
+void frmPost::takePerson() {
+    mPostAllowed_ = true;
+    LockPersGrid();
+    const Value account = dbcPersonnel.Columns("AcctID").value();
+    if (!account.isEmpty() && ado::toLong(account) > 0) {
+        session.gAccountingID = ado::toLong(account);
+        dbcAcct(0).setText(personText("AcctCode"));
+    } else {
+        session.gAccountingID = -1;
+        dbcAcct(0).setText("");
+    }
+    fRebindCurrentPerson();
+}
+
+void frmPost::fRebindCurrentPerson() {
+    const std::int32_t person = currentPerson();
+    showPostings(person > 0 ? "PersonID=" + Sql::of(person) + " and FinalCol = 0" : Sql("PersonID=0"));
+    fillPremiums(person > 0 ? personText("FedCode") : std::string());
+    const int status = person > 0 ? services::FindListRow(session.gStatusList, 2, personText("PStatus")) : -1;
+    lblPersonStatus.setCaption(services::listText(session.gStatusList, status, 0));
+}
+
+void frmPost::showPostings(const Sql& filter) {
+    AdoPost.setRecordSource("Select * from PersonsPost");
+    AdoPost.Refresh();
+    AdoPost.setFilter(filter);
+    AdoPost.setSort("ActivityDT, StartTime, StopTime");
+    dbgPersonnelPost.ReBind();
+    dbgPersonnelPost.MoveLast();
+}
+
+void frmPost::fillPremiums(const std::string& FedCode) {
+    ado::Recordset codes;
+    codes.Open(FedCode.starts_with("AD")
+                   ? Sql("SELECT PremiumCode, PremiumCode FROM L_Premium WHERE PremiumCode <> 'HP'")
+                   : Sql("SELECT PremiumCode, PremiumCode FROM L_Premium"),
+               session.connection());
+    const std::string chosen = cbPost(0).Text();
+    cbPost(0).Clear();
+    for (; !codes.EOF_(); codes.MoveNext())
+        cbPost(0).AddItem(ado::toText(codes.value(0)));
+    cbPost(0).AddItem("");
+    if (forms::findItem(cbPost(0).items(), chosen) >= 0)
+        cbPost(0).setText(chosen);
+}
+
+void frmPost::chkLastDay_Click() {
+    const bool travel = chkLastDay.isChecked();
+    cbPost(0).setListIndex(travel ? cbPost(0).ListCount() - 1 : 0);
+    lblPost(stopLabel).setCaption(travel ? "Stop Time" : "* Stop Time");
+}
+
+void frmPost::fCheckPersonStatus() {
+    if (dbcPersonnel.Text().size() < shortestName)
+        return;
+    const bool postable = services::FindListRow(session.gPostableList, 0, personText("PStatus")) >= 0;
+    const bool coded = !personText("FedCode").empty();
+    mPostAllowed_ = postable && coded;
+    if (postable && !coded && toldOfMissingCode_ != currentPerson()) {
+        toldOfMissingCode_ = currentPerson();
+        session.dialogs.message(
+            "Individual doesn't have an Employment Code.\r\nYou cannot take time for this individual "
+            "until one is assigned.\r\nGo to the Personnel screen to assign AD/Fed/Other.",
+            session.title(": Missing Data"), Buttons::OK, Icon::Information);
+    }
+    LockPersGrid();
+}
+
+void frmPost::LockPersGrid() {
+    const int color = mPostAllowed_ ? forms::colors::automatic : forms::colors::lightGrey;
+    for (forms::Control* control : std::initializer_list<forms::Control*>{
+             &mskPost(dateBox), &cboTime(startBox), &cboTime(stopBox), &cbPost(0), &dbgPersonnelPost})
+        control->setBackColor(color);
+    mskPost(dateBox).setLocked(!mPostAllowed_);
+    for (const int time : {startBox, stopBox})
+        cboTime(time).setEnabled(mPostAllowed_);
+    cbPost(0).setEnabled(mPostAllowed_);
+    cmdSave(0).setEnabled(mPostAllowed_);
+    const std::string code = dbcPersonnel.source() != nullptr && currentPerson() > 0 ? personText("FedCode") : "";
+    for (int column = 0; column < dbgPersonnelPost.columnCount(); ++column)
+        dbgPersonnelPost.Columns(column).setLocked(!mPostAllowed_);
+    // Only a rated person has a class, and only AD and OTHER have a rate of their own.
+    dbgPersonnelPost.Columns(post_column::Class).setLocked(!mPostAllowed_ || code != "AD");
+    dbgPersonnelPost.Columns(post_column::Rate).setLocked(!mPostAllowed_ || (code != "AD" && code != "OTHER"));
+}
+
+// Fields
+
+frmPost::FieldResult frmPost::fCheckPostField(FieldKind kind, int index) {
+    return kind == FieldKind::cboTime ? checkTime(index) : checkDate(index);
+}
+
+void frmPost::refuseTime(int index) {
+    session.dialogs.message("Invalid Time..Must be in 15 minute interval.", session.title(": Post Error"), Buttons::OK,
+                            Icon::Exclamation);
+    cboTime(index).setText("");
+}
+
+frmPost::FieldResult frmPost::checkTime(int index) {
+    forms::ComboBox& box = cboTime(index);
+    std::string text = box.Text();
+    if (text.empty())
+        return FieldResult::Missing;
+    if (text.size() < 4) {
+        refuseTime(index);
+        return FieldResult::Good;
+    }
+    text = text.find(':') == std::string::npos ? text.substr(0, 2) + ":" + text.substr(2, 2) : text.substr(0, 5);
+    const std::string minutes = text.size() >= 2 ? text.substr(text.size() - 2) : "";
+    const bool quarter = minutes == "00" || minutes == "15" || minutes == "01" || minutes == "30" || minutes == "45";
+    if (!quarter || (!ado::isDate(text) && text != "24:00")) {
+        refuseTime(index);
+        return FieldResult::Good;
+    }
+    box.setText(text);
+    const int start = index - index % 2;
+    if (cboTime(start).Text().empty() || cboTime(start + 1).Text().empty())
+        return FieldResult::Good;
+    const float hours = CalcHours(boxTime(start), boxTime(start + 1));
+    mskPost(start + 1).setText(ado::toText(Value(hours)));
+    return hours == 0.0F ? FieldResult::NoHours : FieldResult::Good;
+}
+
+frmPost::FieldResult frmPost::checkDate(int index) {
+    forms::MaskEdBox& box = mskPost(index);
+    if (box.ClipText().empty())
+        return FieldResult::Missing;
+    if (ado::isDate(box.Text()))
+        return FieldResult::Good;
+    const Value date = services::FormatMaskValue(box.Text());
+    if (date.isNull()) {
+        services::ClearMaskedBox(box);
+        return FieldResult::Missing;
+    }
+    box.setText(ado::toText(date));
+    return FieldResult::Good;
+}
+
+bool frmPost::validDate(int index) {
+    if (session.Working || checkDate(index) != FieldResult::Good)
+        return true;
+    return business_.CompareIncStartDate(ado::toDateTime(mskPost(index).Text()));
+}
+
+DateTime frmPost::boxTime(int index) const {
+    const Value time = services::FormatMaskValue(cboTime(index).Text(), true);
+    return time.type() == Value::Type::DateTime ? time.as<DateTime>() : ado::toDateTime(time);
+}
+
+bool frmPost::isZeroTime(int index) const {
+    const Value time = services::BlankIfEmpty(services::FormatMaskValue(cboTime(index).Text(), true), true);
+    return !ado::isDate(time) ? ado::isNumeric(time) && ado::toDouble(time) == 0.0 : ado::toDateTime(time) == endOfDay;
+}
+
+void frmPost::fClearPersonPost() {
+    services::ClearMaskedBox(mskPost(dateBox));
+    cboTime(startBox).setText("");
+    cboTime(stopBox).setText("");
+    cbPost(0).setText("");
+    mskPost(hoursBox).setText("");
+}
+
+// Saving
+
+void frmPost::savePerson() {
+    const Hourglass glass(session.forms);
+    session.gCrewPosting = false;
+    readLastInvoice();
+    if (dbgPersonnelPost.DataChanged()) {
+        dbgPersonnelPost.Update();
+        mskPost(dateBox).SetFocus();
+        return;
+    }
+    const std::string errors = personFindings();
+    if (!errors.empty()) {
+        session.dialogs.message("Error(s) adding post:" + errors, session.title(": Error Adding Post"));
+        return;
+    }
+    postPerson();
+}
+
+void frmPost::readLastInvoice() {
+    ado::Recordset last;
+    last.Open("select max(lastdate) from personsinvoices where personid=" + Sql::of(currentPerson()) + " and del <> 1",
+              session.connection());
+    const Value date = last.EOF_() ? Value() : last.value(0);
+    if (!date.isEmpty())
+        session.gInvoiceDate = ado::toText(date);
+    else if (const auto start = ado::parseDateTime(session.gIncidentStart))
+        session.gInvoiceDate = ado::toText(start->addDays(-1));
+    else
+        session.gInvoiceDate.clear();
+}
+
+std::string frmPost::personFindings() {
+    std::string errors;
+    const auto add = [&errors](std::string_view message) { errors.append("\r\n").append(message); };
+    if (dbcAcct(0).Text().empty() || session.gAccountingID < 1)
+        add("You must include an Account Code.");
+    if (fCheckPostField(FieldKind::mskPost, dateBox) == FieldResult::Missing)
+        add("You must include an Activity Date for posting.");
+    if (isZeroTime(startBox))
+        add("Invalid Start Time.");
+    switch (fCheckPostField(FieldKind::cboTime, startBox)) {
+    case FieldResult::Missing:
+        add("You must include a Start Time for posting.");
+        break;
+    case FieldResult::NoHours:
+        add("Start Time and Stop Time must have different values.");
+        break;
+    default:
+        break;
+    }
+    if (!chkLastDay.isChecked()) {
+        const std::string stop = cboTime(stopBox).Text();
+        if (stop == "00:01" || stop == "0001")
+            add("Invalid Stop Time.");
+        if (isZeroTime(stopBox) && stop != "24:00" && stop != "2400")
+            add("Invalid Stop Time.");
+        if (fCheckPostField(FieldKind::cboTime, stopBox) == FieldResult::Missing)
+            add("You must include a Stop Time for posting.");
+        if (mskPost(hoursBox).Text().empty())
+            add("Hours Not Calculated...Try Again.");
+    }
+    const auto date = ado::parseDateTime(mskPost(dateBox).Text());
+    if (date && !business_.CompareInvoiceDate(*date))
+        add(fmt::format("Cannot have an activity date prior to or the same as the End Date for the latest INVOICE!\r\n"
+                        "     Activity Date: {}\r\n     Invoice Date: {}",
+                        mskPost(dateBox).Text(), session.gInvoiceDate));
+    return errors;
+}
+
+void frmPost::postPerson() {
+    PersonPosting posting;
+    posting.ActivityDT = ado::toDateTime(mskPost(dateBox).Text());
+    posting.Start = boxTime(startBox);
+    posting.ReturnTravel = chkLastDay.isChecked();
+    if (posting.ReturnTravel) {
+        // A return travel day lasts one minute: 08:00 to 08:01.
+        std::string stop = cboTime(startBox).Text();
+        stop = stop.substr(0, 4) + std::to_string(stop.back() - '0' + 1);
+        posting.Stop = ado::toDateTime(stop);
+    } else {
+        posting.Stop = boxTime(stopBox);
+    }
+    const Value collection = dbcPersonnel.Columns("Collection").value();
+    posting.KindCode = personText(!collection.isEmpty() && ado::toBoolean(collection) ? "KindCode" : "RKindCode");
+    posting.PersonID = currentPerson();
+    posting.Premium = cbPost(0).Text();
+    posting.AccountingID = session.gAccountingID;
+    if (PostPerson(session, posting))
+        fClearPersonPost();
+    fRebindCurrentPerson();
+    mskPost(dateBox).SetFocus();
+}
+
+// The grid
+
+void frmPost::connectGrid() {
+    dbgPersonnelPost.BeforeColUpdate = [this](int column, const Value&, bool& cancel) {
+        cancel = !cellMayStand(column);
+    };
+    dbgPersonnelPost.AfterUpdate = [this] { afterRowWritten(); };
+    dbgPersonnelPost.FetchRowStyle = [this](forms::Bookmark row, forms::RowStyle& style) {
+        if (isInvoiced(dbgPersonnelPost.source()->rowOf(row)))
+            style = {forms::colors::lightGrey, forms::colors::red, true};
+    };
+    // The pop-up menu deletes by the same rule as the button.
+    dbgPersonnelPost.BeforeDelete = [this](bool& cancel) {
+        cancel = true;
+        if (!session.gSplitDone)
+            core::guarded(session, [this] { deletePersonPost(); });
+    };
+    dbgPersonnelPost.Error = [this](const ado::Error& failure) {
+        session.dialogs.message(fmt::format("Error: {} Desc: {}", failure.number(), failure.description()),
+                                session.title(": Error"));
+    };
+}
+
+bool frmPost::cellMayStand(int column) {
+    switch (column) {
+    case post_column::Start:
+    case post_column::Stop:
+        return CheckPersonPostEdit(session, dbgPersonnelPost);
+    case post_column::Class:
+        return fClassChanged(session, dbgPersonnelPost, personText("Area"));
+    case post_column::Rate: {
+        const Value typed = dbgPersonnelPost.Columns(column).value();
+        if (!typed.isEmpty() && !ado::isNumeric(typed))
+            return false;
+        float rate = typed.isEmpty() ? 0.0F : ado::toSingle(typed);
+        return business_.ValidRate(rate);
+    }
+    case post_column::Special:
+        return checkSpecialCode(session, dbgPersonnelPost, dbgPersonnelPost.Columns(column).Text());
+    default:
+        return true;
+    }
+}
+
+void frmPost::afterRowWritten() {
+    if (session.gSplitDone) {
+        // The two halves stand in rows of their own; the edited row goes.
+        core::guarded(session, [this] {
+            const Value id = dbgPersonnelPost.Columns("PersonsPostID").value();
+            if (!id.isEmpty())
+                core::DeleteByKey(session.connection(), "PersonsPost", "PersonsPostID", id);
+            fRebindCurrentPerson();
+        });
+        session.gSplitDone = false;
+    }
+    session.Working = false;
+}
+
+bool frmPost::isInvoiced(std::int64_t row) {
+    return row >= 0 && !isNoInvoice(dbgPersonnelPost.cellValue(row, post_column::InvoiceID));
+}
+
+void frmPost::deletePersonPost() {
+    const std::int64_t row = dbgPersonnelPost.row();
+    if (row < 0)
+        return;
+    if (isInvoiced(row)) {
+        session.dialogs.message("Cannot Delete an Invoiced posting.", "Cannot Delete", Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    try {
+        core::DeleteByKey(session.connection(), "PersonsPost", "PersonsPostID",
+                          dbgPersonnelPost.cellValue(row, post_column::PersonsPostID));
+    } catch (const ado::Error& failure) {
+        session.dialogs.message(
+            fmt::format(
+                "Try deleting blank posting by selecting...\r\nTools\r\nClear OF-288 Blank Records.\r\nPlease note "
+                "Error Number: {}\r\nDescription: {}",
+                failure.number(), failure.description()),
+            session.title(": Error Deleting Posting"));
+        return;
+    }
+    fRebindCurrentPerson();
+}
+
+} // namespace zel::posting

@@ -1,0 +1,411 @@
+#include "posting/frmPost.h"
+
+#include "core/test_program.h"
+#include "posting/posting_forms.h"
+
+#include "ado/convert.h"
+#include "ado/recordset.h"
+#include "posting/post_columns.h"
+
+namespace zel::posting {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The posting screen on an incident with one AD person, one FED person and one without an employment code.
+class PostScreenTest : public core::ProgramTest {
+protected:
+    PostScreenTest() {
+        addPostingForms(session);
+        program.addIncident(7, "BEAR CREEK", "OR-ABC-000123"); // starts 7/1/2005
+        program.addAccount(31, 7, "P6AB12");
+        person(1, "DOE", "AD", "AD-3", "18.20", "31");
+        person(2, "ROE", "FED", "", "0", "0");
+        person(3, "NOCODE", "", "", "0", "31");
+        program.start(GetParam() == ado::EngineKind::Sqlite ? "False" : "");
+        program.run([this] { program.shell().OpenScreen("Post Time", true, 0); });
+        program.dialogs.take();
+        program.statements.clear();
+    }
+    void person(int id, const std::string& name, const std::string& code, const std::string& Class,
+                const std::string& rate, const std::string& account) {
+        const std::string key = std::to_string(id);
+        program.execute("insert into Resources (ResourceID,IncidentID,RequestNumber,Name,KindCode,Status) values (" +
+                        key + ",7,'O-" + key + "','" + name + "','SITL','C')");
+        program.execute("insert into Persons (PersonID,ResourceID,FirstName,LastName,SSN,PStatus,FedCode,KindCode,Area,"
+                        "Class,Rate,AccountingID) values (" +
+                        key + "," + key + ",'JOHN','" + name + "','123456789','C','" + code + "','FFT1','CONUS','" +
+                        Class + "'," + rate + "," + account + ")");
+    }
+    frmPost& screen() { return *program.forms.get<frmPost>("frmPost"); }
+    void choose(const std::string& name) {
+        forms::TDBCombo& list = screen().dbcPersonnel;
+        const auto row = list.findPrefix(name);
+        ASSERT_GE(row, 0) << name;
+        EXPECT_EQ(program.user.pickRow(list, row).refusal, "");
+    }
+    void type(forms::Control& box, const std::string& text) { EXPECT_EQ(program.user.type(box, text).refusal, ""); }
+    void ticket(const std::string& date, const std::string& start, const std::string& stop) {
+        type(screen().mskPost(0), date);
+        type(screen().cboTime(0), start);
+        type(screen().cboTime(1), stop);
+        EXPECT_EQ(program.user.leave(screen().cboTime(1)).refusal, "");
+    }
+    void save() { EXPECT_EQ(program.user.click(screen().cmdSave(0)).refusal, ""); }
+    std::vector<std::string> rows(const std::string& statement) {
+        ado::Recordset records;
+        records.Open(ado::Sql::words(statement), program.database.connection());
+        std::vector<std::string> lines;
+        for (; !records.EOF_(); records.MoveNext()) {
+            std::string line;
+            for (std::size_t field = 0; field < records.fieldCount(); ++field)
+                line += (field == 0 ? "" : "|") + ado::toText(records.value(field));
+            lines.push_back(std::move(line));
+        }
+        return lines;
+    }
+    std::vector<std::string> posts() {
+        return rows("Select PersonID,ActivityDT,StartTime,StopTime,KindCode,PremiumCode,Hours,AccountingID from "
+                    "PersonsPost order by PersonsPostID");
+    }
+    void invoice(const std::string& lastDate) {
+        program.execute("insert into PersonsInvoices (InvoiceID,PersonID,LastDate,Del) values (1,1,'" + lastDate +
+                        "',0)");
+    }
+};
+ZEL_ON_BOTH_ENGINES(PostScreenTest);
+
+TEST_P(PostScreenTest, OpensOnThePersonsWithTheirCaptions) {
+    EXPECT_EQ(screen().cmdPrint286.Caption(), "Print OF288");
+    EXPECT_EQ(screen().lblCurrentPost.Caption(), "Posting Personnel");
+    EXPECT_EQ(screen().dbcPersonnel.rowCount(), 3);
+    EXPECT_EQ(screen().cboTime(0).ListCount(), 97);
+    EXPECT_EQ(screen().dbgPersonnelPost.rowCount(), 0);
+}
+
+TEST_P(PostScreenTest, ATicketIsPostedAndTheNextOneBeginsInTheDate) {
+    choose("DOE");
+    EXPECT_EQ(session.gAccountingID, 31);
+    EXPECT_EQ(screen().dbcAcct(0).Text(), "P6AB12");
+    ticket("07042005", "0800", "2000");
+    EXPECT_EQ(screen().mskPost(1).Text(), "12");
+    save();
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_THAT(posts(), ElementsAre("1|7/4/2005|8:00:00 AM|8:00:00 PM|SITL| |12|31"));
+    EXPECT_TRUE(screen().mskPost(0).hasFocus());
+    EXPECT_EQ(screen().mskPost(0).Text(), "__/__/____");
+    EXPECT_EQ(screen().cboTime(0).Text(), "");
+    EXPECT_EQ(screen().mskPost(1).Text(), "");
+    EXPECT_EQ(screen().dbcPersonnel.BoundText(), "1");
+    EXPECT_EQ(screen().dbgPersonnelPost.rowCount(), 1);
+    EXPECT_FALSE(program.forms.Hourglass());
+}
+
+TEST_P(PostScreenTest, ATicketTakesItsDigitsAndThreeKeys) {
+    choose("DOE");
+    EXPECT_EQ(program.user.moveFocus(screen().mskPost(0)).refusal, "");
+    forms::Control* active = &screen().mskPost(0);
+    for (const char* keys : {"07042005{Tab}", "0800{Tab}", "2000{Enter}"}) {
+        EXPECT_EQ(program.user.keys(*active, keys).refusal, "");
+        active = screen().ActiveControl();
+    }
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_EQ(posts().size(), 1U);
+}
+
+TEST_P(PostScreenTest, WithNothingFilledInOneBoxTellsAllInOrder) {
+    session.gAccountingID = -1;
+    screen().dbcAcct(0).setText("");
+    save();
+    const auto box = program.box();
+    EXPECT_EQ(box.text,
+              "Error(s) adding post:\r\nYou must include an Account Code.\r\nYou must include an Activity Date "
+              "for posting.\r\nInvalid Start Time.\r\nYou must include a Start Time for posting.\r\nInvalid Stop "
+              "Time.\r\nYou must include a Stop Time for posting.\r\nHours Not Calculated...Try Again.");
+    EXPECT_EQ(box.title, "ZEL: Error Adding Post");
+    EXPECT_EQ(box.icon, "none");
+    EXPECT_EQ(box.buttons, "OK");
+    EXPECT_THAT(posts(), IsEmpty());
+}
+
+TEST_P(PostScreenTest, EqualTimesAreRefused) {
+    choose("DOE");
+    ticket("07042005", "0800", "0800");
+    save();
+    EXPECT_EQ(program.box().text, "Error(s) adding post:\r\nStart Time and Stop Time must have different values.");
+}
+
+TEST_P(PostScreenTest, AStopOf0001IsRefusedAndOneOf2400IsTheEndOfTheDay) {
+    choose("DOE");
+    ticket("07042005", "0800", "0001");
+    save();
+    EXPECT_EQ(program.box().text, "Error(s) adding post:\r\nInvalid Stop Time.");
+    type(screen().cboTime(1), "2400");
+    save();
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_THAT(posts(), ElementsAre("1|7/4/2005|8:00:00 AM|12:00:00 AM|SITL| |16|31"));
+}
+
+TEST_P(PostScreenTest, AStopOf0000IsRefused) {
+    choose("DOE");
+    ticket("07042005", "0800", "0000");
+    save();
+    EXPECT_EQ(program.box().text, "Error(s) adding post:\r\nInvalid Stop Time.");
+}
+
+TEST_P(PostScreenTest, TimesAreOnTheQuarterHourOr0001) {
+    choose("DOE");
+    type(screen().cboTime(0), "0807");
+    EXPECT_EQ(program.user.leave(screen().cboTime(0)).refusal, "");
+    const auto box = program.box();
+    EXPECT_EQ(box.text, "Invalid Time..Must be in 15 minute interval.");
+    EXPECT_EQ(box.title, "ZEL: Post Error");
+    EXPECT_EQ(box.icon, "exclamation");
+    EXPECT_EQ(screen().cboTime(0).Text(), "");
+    for (const char* good : {"0800", "0815", "0801", "0830", "0845"}) {
+        type(screen().cboTime(0), good);
+        EXPECT_EQ(program.user.leave(screen().cboTime(0)).refusal, "");
+        EXPECT_THAT(program.dialogs.take(), IsEmpty()) << good;
+        EXPECT_EQ(screen().cboTime(0).Text(), std::string(good).insert(2, ":"));
+    }
+    type(screen().cboTime(0), "800");
+    EXPECT_EQ(program.user.leave(screen().cboTime(0)).refusal, "");
+    EXPECT_EQ(program.box().text, "Invalid Time..Must be in 15 minute interval.");
+}
+
+TEST_P(PostScreenTest, ADateBeforeTheIncidentKeepsTheFocus) {
+    choose("DOE");
+    type(screen().mskPost(0), "06302005");
+    (void)program.user.moveFocus(screen().cboTime(0));
+    EXPECT_EQ(program.box().title, "ZEL: Invalid Date vs Incident Start Date");
+    EXPECT_TRUE(screen().mskPost(0).hasFocus());
+}
+
+TEST_P(PostScreenTest, TheEndOfTheLatestInvoiceLocksTheDaysUpToIt) {
+    invoice("7/4/2005");
+    choose("DOE");
+    ticket("07042005", "0800", "2000");
+    program.statements.clear();
+    save();
+    EXPECT_EQ(
+        program.box().text,
+        "Error(s) adding post:\r\nCannot have an activity date prior to or the same as the End Date for the latest "
+        "INVOICE!\r\n     Activity Date: 07/04/2005\r\n     Invoice Date: 7/4/2005");
+    EXPECT_THAT(program.statements,
+                Contains("select max(lastdate) from personsinvoices where personid=1 and del <> 1"));
+    type(screen().mskPost(0), "07052005");
+    save();
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_EQ(posts().size(), 1U);
+}
+
+TEST_P(PostScreenTest, AReturnTravelDayNeedsNoStop) {
+    choose("DOE");
+    EXPECT_EQ(program.user.check(screen().chkLastDay, true).refusal, "");
+    EXPECT_EQ(screen().lblPost(3).Caption(), "Stop Time");
+    type(screen().mskPost(0), "07042005");
+    type(screen().cboTime(0), "0800");
+    save();
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_THAT(rows("Select StartTime from PersonsPost where StopTime is null"), ElementsAre("8:00:00 AM"));
+    EXPECT_TRUE(screen().chkLastDay.isChecked());
+    EXPECT_EQ(program.user.check(screen().chkLastDay, false).refusal, "");
+    EXPECT_EQ(screen().lblPost(3).Caption(), "* Stop Time");
+}
+
+TEST_P(PostScreenTest, OnlyOthersThanAdCanChooseHazardPay) {
+    choose("DOE");
+    EXPECT_EQ(forms::findItem(screen().cbPost(0).items(), "HP"), -1);
+    choose("ROE");
+    EXPECT_GE(forms::findItem(screen().cbPost(0).items(), "HP"), 0);
+    EXPECT_EQ(screen().cbPost(0).List(screen().cbPost(0).ListCount() - 1), "");
+}
+
+TEST_P(PostScreenTest, APersonWithoutAnAccountEmptiesTheBox) {
+    choose("ROE");
+    EXPECT_EQ(session.gAccountingID, -1);
+    EXPECT_EQ(screen().dbcAcct(0).Text(), "");
+}
+
+TEST_P(PostScreenTest, APersonWithoutAnEmploymentCodeCannotBePostedAndIsToldOnce) {
+    choose("NOCODE");
+    EXPECT_EQ(program.user.moveFocus(screen().mskPost(0)).refusal, "");
+    const auto box = program.box();
+    EXPECT_EQ(box.text,
+              "Individual doesn't have an Employment Code.\r\nYou cannot take time for this individual until one "
+              "is assigned.\r\nGo to the Personnel screen to assign AD/Fed/Other.");
+    EXPECT_EQ(box.title, "ZEL: Missing Data");
+    EXPECT_EQ(box.icon, "information");
+    EXPECT_FALSE(screen().cboTime(0).Enabled());
+    EXPECT_FALSE(screen().cmdSave(0).Enabled());
+    EXPECT_EQ(program.user.moveFocus(screen().dbcAcct(0)).refusal, "");
+    EXPECT_EQ(program.user.moveFocus(screen().mskPost(0)).refusal, "");
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    choose("DOE");
+    EXPECT_TRUE(screen().cboTime(0).Enabled());
+}
+
+TEST_P(PostScreenTest, AClashAnsweredWithNoKeepsTheFieldsFilled) {
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,StartTime,StopTime,FinalCol) values "
+                    "(50,1,'7/4/2005','1899-12-30 10:00:00','1899-12-30 12:00:00',0)");
+    choose("DOE");
+    ticket("07042005", "0800", "2000");
+    program.dialogs.answer("No");
+    save();
+    EXPECT_EQ(program.box().title, "Overlapping Hours:");
+    EXPECT_EQ(posts().size(), 1U);
+    EXPECT_EQ(screen().mskPost(0).Text(), "07/04/2005");
+    EXPECT_EQ(screen().cboTime(1).Text(), "20:00");
+}
+
+TEST_P(PostScreenTest, OnlyThePersonsOwnRowsAreRead) {
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (50,1,'7/4/2005',0)");
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (51,1,'7/3/2005',0)");
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (52,1,'7/3/2005',1)");
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (53,2,'7/4/2005',0)");
+    choose("DOE");
+    ASSERT_EQ(screen().dbgPersonnelPost.rowCount(), 2);
+    EXPECT_EQ(screen().dbgPersonnelPost.cellText(0, post_column::PersonsPostID), "51");
+    EXPECT_EQ(screen().dbgPersonnelPost.row(), 1); // the newest is in sight
+}
+
+class PostGridScreenTest : public PostScreenTest {
+protected:
+    PostGridScreenTest() {
+        program.execute(
+            "insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,StartTime,StopTime,KindCode,Class,Rate,"
+            "PremiumCode,Hours,Amt,AccountingID,InvoiceID,FinalCol) values (50,1,'7/3/2005','1899-12-30 "
+            "08:00:00','1899-12-30 12:00:00','FFT1','AD-3',20,' ',4,0,31,9,0)");
+        program.execute(
+            "insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,StartTime,StopTime,KindCode,Class,Rate,"
+            "PremiumCode,Hours,Amt,AccountingID,FinalCol) values (51,1,'7/4/2005','1899-12-30 "
+            "08:00:00','1899-12-30 12:00:00','FFT1','AD-3',20,' ',4,0,31,0)");
+        choose("DOE");
+    }
+    forms::TDBGrid& grid() { return screen().dbgPersonnelPost; }
+    void edit(const std::string& column, const std::string& text) {
+        EXPECT_EQ(program.user.editCell(grid(), 1, column, text).refusal, "");
+        EXPECT_EQ(program.user.commitRow(grid()).refusal, "");
+    }
+    void deleteRow(std::int64_t row) {
+        EXPECT_EQ(program.user.row(grid(), row).refusal, "");
+        EXPECT_EQ(program.user.click(screen().cmdDelete(0)).refusal, "");
+    }
+};
+ZEL_ON_BOTH_ENGINES(PostGridScreenTest);
+
+TEST_P(PostGridScreenTest, AnInvoicedRowIsRedOnGreyLockedAndStays) {
+    const forms::RowStyle style = grid().rowStyle(0);
+    EXPECT_TRUE(style.locked);
+    EXPECT_EQ(style.foreColor, forms::colors::red);
+    EXPECT_EQ(style.backColor, forms::colors::lightGrey);
+    EXPECT_FALSE(grid().rowStyle(1).locked);
+    EXPECT_NE(program.user.editCell(grid(), 0, "Stop", "18:00").refusal, "");
+    deleteRow(0);
+    const auto box = program.box();
+    EXPECT_EQ(box.text, "Cannot Delete an Invoiced posting.");
+    EXPECT_EQ(box.title, "Cannot Delete");
+    EXPECT_EQ(box.icon, "exclamation");
+    EXPECT_EQ(posts().size(), 2U);
+}
+
+TEST_P(PostGridScreenTest, AFreeRowIsDeletedWithoutAQuestion) {
+    deleteRow(1);
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_EQ(posts().size(), 1U);
+    EXPECT_EQ(grid().rowCount(), 1);
+}
+
+TEST_P(PostGridScreenTest, AnEditedStopIsPaid) {
+    edit("Stop", "18:00");
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_THAT(rows("Select StopTime,Hours,Amt from PersonsPost where PersonsPostID = 51"),
+                ElementsAre("6:00:00 PM|10|220"));
+}
+
+TEST_P(PostGridScreenTest, AnEditAcrossMidnightLeavesTheTwoHalvesInPlaceOfTheRow) {
+    program.dialogs.answer("Yes");
+    edit("Stop", "06:00");
+    EXPECT_EQ(program.box().title, "ZEL: WARNING Posting Spans Midnight");
+    EXPECT_THAT(rows("Select ActivityDT,StartTime,StopTime,Hours from PersonsPost where PersonsPostID <> 50 order by "
+                     "ActivityDT"),
+                ElementsAre("7/4/2005|8:00:00 AM|12:00:00 AM|16", "7/5/2005|12:01:00 AM|6:00:00 AM|6"));
+    EXPECT_FALSE(session.gSplitDone);
+    EXPECT_FALSE(session.Working);
+    EXPECT_EQ(grid().rowCount(), 3);
+}
+
+TEST_P(PostGridScreenTest, ARateAbove100IsAskedAboutAndNoKeepsTheOldOne) {
+    program.dialogs.answer("No");
+    edit("Rate", "150");
+    EXPECT_EQ(program.box().title, "Excess Rate");
+    EXPECT_THAT(rows("Select Rate from PersonsPost where PersonsPostID = 51"), ElementsAre("20"));
+    edit("Rate", "100");
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_THAT(rows("Select Rate from PersonsPost where PersonsPostID = 51"), ElementsAre("100"));
+}
+
+TEST_P(PostGridScreenTest, AGuaranteePaysEightHours) {
+    edit("Special", "COP");
+    EXPECT_THAT(rows("Select PremiumCode,Hours,Amt from PersonsPost where PersonsPostID = 51"), ElementsAre("COP|8|0"));
+}
+
+TEST_P(PostGridScreenTest, AnUnsavedEditIsCommittedBySaveAndNothingIsPosted) {
+    EXPECT_EQ(program.user.editCell(grid(), 1, "Remarks", "late").refusal, "");
+    ASSERT_TRUE(grid().DataChanged());
+    program.run([this] { screen().cmdSave(0).press(); });
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+    EXPECT_THAT(rows("Select Remarks from PersonsPost where PersonsPostID = 51"), ElementsAre("late"));
+    EXPECT_TRUE(screen().mskPost(0).hasFocus());
+    EXPECT_EQ(posts().size(), 2U);
+}
+
+TEST_P(PostScreenTest, KeysStepDatesAndTimes) {
+    choose("DOE");
+    EXPECT_EQ(program.user.keys(screen().mskPost(0), "=").refusal, "");
+    EXPECT_EQ(screen().mskPost(0).Text(), "07/04/2005");
+    EXPECT_EQ(program.user.keys(screen().mskPost(0), "++-").refusal, "");
+    EXPECT_EQ(screen().mskPost(0).Text(), "07/05/2005");
+    type(screen().cboTime(0), "23:45");
+    EXPECT_EQ(program.user.keys(screen().cboTime(0), "+").refusal, "");
+    EXPECT_EQ(screen().cboTime(0).Text(), "24:00");
+    EXPECT_EQ(program.user.keys(screen().cboTime(0), "+").refusal, "");
+    EXPECT_EQ(screen().cboTime(0).Text(), "00:01");
+}
+
+TEST_P(PostScreenTest, EnterInATimeBoxIsATabWhereTheClerkWantsIt) {
+    choose("DOE");
+    EXPECT_EQ(program.user.check(screen().CkKeyPadEnterTab, true).refusal, "");
+    EXPECT_EQ(program.user.type(screen().cboTime(0), "0800").refusal, "");
+    EXPECT_EQ(program.user.keys(screen().cboTime(0), "{Enter}").refusal, "");
+    EXPECT_FALSE(screen().cboTime(0).hasFocus());
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+}
+
+TEST_P(PostScreenTest, EachPageHasItsCaptionsAndLists) {
+    EXPECT_EQ(program.user.selectTab(screen().tabPosting, 1).refusal, "");
+    EXPECT_EQ(screen().lblCurrentPost.Caption(), "Posting Crews");
+    EXPECT_EQ(screen().cmdPrint286.Caption(), "Print OF288");
+    EXPECT_EQ(program.user.selectTab(screen().tabPosting, 2).refusal, "");
+    EXPECT_EQ(screen().lblCurrentPost.Caption(), "Posting Equipment");
+    EXPECT_EQ(screen().cmdPrint286.Caption(), "Print OF286");
+    EXPECT_TRUE(session.gEquipTabOpen);
+    EXPECT_EQ(program.user.selectTab(screen().tabPosting, 0).refusal, "");
+    EXPECT_EQ(screen().dbcPersonnel.rowCount(), 3);
+    for (const forms::ShownBox& box : program.dialogs.take())
+        ADD_FAILURE() << box.text;
+}
+
+TEST_P(PostScreenTest, TheShellSavesAndDeletesOnThePageInFront) {
+    EXPECT_EQ(program.user.toolbar(program.shell().tbMenu, "Save").refusal, "");
+    EXPECT_EQ(program.box().title, "ZEL: Error Adding Post");
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (50,1,'7/4/2005',0)");
+    choose("DOE");
+    EXPECT_EQ(program.user.toolbar(program.shell().tbMenu, "Delete").refusal, "");
+    EXPECT_THAT(posts(), IsEmpty());
+}
+
+} // namespace
+} // namespace zel::posting
