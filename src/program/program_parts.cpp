@@ -2,6 +2,7 @@
 
 #include "core/frmMain.h"
 #include "incident/incident_forms.h"
+#include "posting/posting_forms.h"
 #include "suite/korvan_suite.h"
 
 #include <cstdlib>
@@ -40,6 +41,7 @@ void addScreens(core::Session& session) {
     core::addCoreForms(session);
     suite::addSuiteForms(session);
     incident::addIncidentForms(session);
+    posting::addPostingForms(session);
 }
 
 } // namespace zel::program
