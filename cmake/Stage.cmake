@@ -2,7 +2,6 @@
 # ${CMAKE_BINARY_DIR}/stage, ready to be started.
 
 set(ZEL_STAGE "${CMAKE_BINARY_DIR}/stage")
-set(CMAKE_INSTALL_MESSAGE NEVER)
 
 # zel_stage(FOLDER TARGET...): programs that stand in FOLDER once installed.
 function(zel_stage folder)
@@ -31,7 +30,8 @@ install(FILES "${CMAKE_BINARY_DIR}/korvan_version" DESTINATION bin)
 
 get_property(staged GLOBAL PROPERTY ZEL_STAGED)
 add_custom_target(stage ALL
-  COMMAND "${CMAKE_COMMAND}" --install "${CMAKE_BINARY_DIR}" --prefix "${ZEL_STAGE}"
+  COMMAND sh -c [["$0" --install "$1" --prefix "$2" >"$1/stage.log"]]
+          "${CMAKE_COMMAND}" "${CMAKE_BINARY_DIR}" "${ZEL_STAGE}"
   COMMENT "Staging the program"
   VERBATIM)
 if(staged)
