@@ -33,6 +33,8 @@ public:
     /// Reads the incidents anew and makes every visible screen read its data anew.
     void fRefresh() { mnuFileRefresh_Click(); }
     void mnuFileRefresh_Click();
+    /// What the next report prints: "P" or "R" and a key; empty is all. Screens set it before they ask for a report.
+    std::string selectionKey;
     void mnuRep286_Click() { PrintReport(7); }
     void mnuRep288_Click() { PrintReport(6); }
     void PrintReport(int reportNumber);

@@ -68,7 +68,10 @@ struct FrontEnd {
 /// What the shell leaves to the subsystems above the core; each fills its slots at start. An empty slot only leaves a
 /// line in the log.
 struct Extensions {
-    std::function<void(int reportNumber)> PrintReport;
+    /// The option is the key of what is printed, "P" or "R" and a number; empty is all.
+    std::function<void(int reportNumber, const std::string& option)> PrintReport;
+    /// Shows the roster of the crew in gCurrentResourceID.
+    std::function<void()> printCrewRoster;
     std::function<void()> printSetup;
     std::function<void()> scannerPort;
     std::function<void()> fCopyPostings, fAddPostings;

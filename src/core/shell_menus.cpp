@@ -8,6 +8,7 @@
 #include "services/clsStopWatch.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace zel::core {
 
@@ -193,8 +194,10 @@ void frmMain::connectReports() {
 }
 
 void frmMain::PrintReport(int reportNumber) {
+    // The key is for one report: a menu entry chosen later prints all again.
+    const std::string option = std::exchange(selectionKey, std::string());
     if (session.extensions.PrintReport)
-        session.extensions.PrintReport(reportNumber);
+        session.extensions.PrintReport(reportNumber, option);
     else
         log("Report " + std::to_string(reportNumber) + " is not part of this program.");
     forms().setHourglass(false);

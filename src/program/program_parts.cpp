@@ -3,6 +3,7 @@
 #include "core/frmMain.h"
 #include "incident/incident_forms.h"
 #include "posting/posting_forms.h"
+#include "reports/print_report.h"
 #include "suite/korvan_suite.h"
 
 #include <cstdlib>
@@ -42,6 +43,7 @@ void addScreens(core::Session& session) {
     suite::addSuiteForms(session);
     incident::addIncidentForms(session);
     posting::addPostingForms(session);
+    reports::connectReports(session, nullptr);
 }
 
 } // namespace zel::program

@@ -131,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Entries, ReportEntryTest,
 
 TEST_P(ReportEntryTest, TheEntryAsksForItsReport) {
     int printed = 0;
-    session.extensions.PrintReport = [&printed](int number) { printed = number; };
+    session.extensions.PrintReport = [&printed](int number, const std::string&) { printed = number; };
     program.user.click(shell().menu(GetParam().menu));
     EXPECT_EQ(printed, GetParam().number);
 }
