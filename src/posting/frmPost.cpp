@@ -294,19 +294,19 @@ void frmPost::printForm() {
     const auto keyOf = [](const char* letter, const ado::Value& id) {
         return id.isEmpty() ? std::string() : letter + ado::toText(id);
     };
-    // The shell's tag is the selection key that a print takes along.
     switch (tabPosting.CurrTab()) {
     case persons:
-        shell->setTag(keyOf("P", dbcPersonnel.Columns("PID").value()));
+        shell->selectionKey = keyOf("P", dbcPersonnel.Columns("PID").value());
         shell->mnuRep288_Click();
         break;
     case crews:
-        shell->setTag(
-            keyOf("R", core::HasRows(AdoSelect1, true) ? AdoSelect1.Recordset().value("ResourceID") : ado::Value()));
+        shell->selectionKey =
+            keyOf("R", core::HasRows(AdoSelect1, true) ? AdoSelect1.Recordset().value("ResourceID") : ado::Value());
         shell->mnuRep288_Click();
         break;
     default:
-        shell->setTag(dbcEquipment.isBound() ? keyOf("R", dbcEquipment.Columns("ResourceID").value()) : std::string());
+        shell->selectionKey =
+            dbcEquipment.isBound() ? keyOf("R", dbcEquipment.Columns("ResourceID").value()) : std::string();
         shell->mnuRep286_Click();
         break;
     }
