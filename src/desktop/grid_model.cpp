@@ -1,0 +1,144 @@
+#include "desktop/grid_model.h"
+
+#include "desktop/control_view.h"
+#include "desktop/icons.h"
+#include "desktop/qt_text.h"
+#include "forms/tdb_grid.h"
+
+#include <limits>
+
+namespace zel::desktop {
+
+using forms::TDBGrid;
+
+GridModel::GridModel(TDBGrid& grid, QObject* parent)
+    : QAbstractTableModel(parent), grid_(&grid), lock_(themeIcon("lock")) {}
+
+void GridModel::detach() {
+    beginResetModel();
+    grid_ = nullptr;
+    rows_ = 0;
+    endResetModel();
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() || grid_ == nullptr || grid_->source() == nullptr ? 0 : grid_->columnCount();
+}
+
+std::int64_t GridModel::gridRow(int row) const {
+    if (grid_ == nullptr || row < 0 || row >= rows_)
+        return TDBGrid::noRow;
+    return row < grid_->rowCount() ? row : static_cast<std::int64_t>(TDBGrid::newRow);
+}
+
+int GridModel::viewRow(std::int64_t row) const {
+    if (row == TDBGrid::newRow)
+        return rows_ - 1;
+    return row >= 0 && row < rows_ ? static_cast<int>(row) : -1;
+}
+
+QVariant GridModel::rowColor(int row, int role) const {
+    const std::int64_t number = gridRow(row);
+    if (number < 0)
+        return {};
+    const forms::RowStyle style = grid_->rowStyle(number);
+    if (role == Qt::BackgroundRole)
+        return style.backColor == forms::colors::automatic ? QVariant() : QVariant(colorOf(style.backColor));
+    if (style.foreColor == forms::colors::automatic)
+        return style.backColor == forms::colors::automatic ? QVariant() : QVariant(QColor(Qt::black));
+    if (style.foreColor == forms::colors::black && style.backColor == forms::colors::automatic)
+        return {}; // the desktop's own text colour, which is not black everywhere
+    if (style.foreColor == forms::colors::red)
+        return QColor(0xb0, 0, 0); // pure red on light grey reads badly
+    return colorOf(style.foreColor);
+}
+
+int GridModel::alignment(int row, int column) const {
+    using Type = ado::Value::Type;
+    const std::int64_t number = gridRow(row);
+    const int middle = Qt::AlignVCenter;
+    if (number < 0)
+        return middle | Qt::AlignLeft;
+    switch (grid_->cellValue(number, column).type()) {
+    case Type::Integer:
+    case Type::Double:
+    case Type::Single:
+    case Type::Currency:
+        return middle | (grid_->Columns(column).ValueItems.Translate ? Qt::AlignLeft : Qt::AlignRight);
+    case Type::DateTime:
+    case Type::Boolean:
+        return middle | Qt::AlignHCenter;
+    default:
+        return middle | Qt::AlignLeft;
+    }
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    const std::int64_t row = gridRow(index.row());
+    if (row == TDBGrid::noRow || index.column() >= columnCount())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return row == TDBGrid::newRow && grid_->row() != TDBGrid::newRow
+                   ? QString()
+                   : linesToQt(grid_->cellText(row, index.column())).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    case Qt::TextAlignmentRole:
+        return alignment(index.row(), index.column());
+    case Qt::BackgroundRole:
+    case Qt::ForegroundRole:
+        return rowColor(index.row(), role);
+    default:
+        return {};
+    }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (grid_ == nullptr)
+        return {};
+    if (orientation == Qt::Horizontal) {
+        if (role == Qt::DisplayRole && section < columnCount())
+            return toQt(grid_->Columns(section).Caption());
+        return {};
+    }
+    const std::int64_t row = gridRow(section);
+    const bool locked = row >= 0 && grid_->rowStyle(row).locked;
+    if (role == Qt::DecorationRole && locked)
+        return lock_;
+    if (role == Qt::ToolTipRole && locked)
+        return QStringLiteral("Locked");
+    if (role == Qt::DisplayRole)
+        return row == TDBGrid::newRow ? QStringLiteral("*") : QStringLiteral(" ");
+    return {};
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    const std::int64_t row = gridRow(index.row());
+    if (row != TDBGrid::noRow && index.column() < columnCount() && grid_->whyLocked(row, index.column()).empty())
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+void GridModel::reset() {
+    beginResetModel();
+    const bool bound = grid_ != nullptr && grid_->source() != nullptr;
+    constexpr std::int64_t most = std::numeric_limits<int>::max() - 1;
+    rows_ = bound ? static_cast<int>(std::min(grid_->rowCount(), most)) + (grid_->AllowAddNew ? 1 : 0) : 0;
+    endResetModel();
+}
+
+void GridModel::refresh() {
+    const bool bound = grid_ != nullptr && grid_->source() != nullptr;
+    const std::int64_t rows = bound ? grid_->rowCount() + (grid_->AllowAddNew ? 1 : 0) : 0;
+    if (rows != rows_)
+        reset();
+    else if (rows_ > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, std::max(columnCount() - 1, 0)));
+}
+
+} // namespace zel::desktop

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "desktop/desk.h"
+#include "forms/observers.h"
+
+#include <QString>
+
+#include <vector>
+
+class QMainWindow;
+class QMenu;
+class QStackedWidget;
+class QWidget;
+
+namespace zel::core {
+class frmMain;
+} // namespace zel::core
+
+namespace zel::forms {
+class Menu;
+} // namespace zel::forms
+
+namespace zel::desktop {
+
+/// What of the shell is not a plain control: menu bar, toolbar, icons, and the place where the screens stand.
+class ShellView {
+public:
+    ShellView(core::frmMain& shell, QMainWindow& window, Desk& desk);
+
+    [[nodiscard]] QMainWindow& window() const noexcept { return window_; }
+    /// Puts a screen into the middle, its title above it; gives what was put there.
+    QWidget* addScreen(QWidget& widgets, const QString& title);
+    void showScreen(QWidget& page);
+    void popup(forms::Menu& menu);
+
+private:
+    void makeMenus();
+    void makeToolbar();
+    void markButtons();
+    void watchManageAll();
+    void fill(QMenu& menu, const forms::Menu& entries);
+    void choose(forms::Menu& entry);
+
+    core::frmMain& shell_;
+    QMainWindow& window_;
+    Desk& desk_;
+    QStackedWidget* screens_;
+    std::vector<forms::Subscription> subscriptions_;
+};
+
+} // namespace zel::desktop
