@@ -61,7 +61,7 @@ EditView::EditView(forms::TextEdit& box, ListCombo& widget, Desk& desk)
     widget.openAsked = [this] {
         act([](forms::User& user, forms::Control& combo) { return user.open(combo, !isOpen(combo)); });
     };
-    popup_ = std::make_unique<ListPopup>(box, widget, line_);
+    popup_ = new ListPopup(box, widget, line_);
     popup_->picked = [this](int row) {
         act([row](forms::User& user, forms::Control& combo) { return user.pickRow(combo, row); });
     };
@@ -73,8 +73,7 @@ EditView::EditView(forms::TextEdit& box, ListCombo& widget, Desk& desk)
 }
 
 EditView::~EditView() {
-    if (popup_)
-        popup_->setParent(nullptr);
+    delete popup_;
 }
 
 void EditView::connectLine() {

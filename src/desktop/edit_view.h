@@ -41,7 +41,7 @@ private:
     forms::TextEdit& box_;
     QLineEdit& line_;
     ListCombo* combo_ = nullptr;
-    std::unique_ptr<ListPopup> popup_;
+    QPointer<ListPopup> popup_; // the combo takes it along when it goes first
     bool drawing_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "desktop/qt_text.h"
 
+#include <QTabBar>
 #include <QToolBar>
 
 #include <set>
@@ -46,7 +47,8 @@ void FormView::bind(QWidget& root, Desk& desk) {
     }
     for (const auto* child : root.findChildren<QWidget*>()) {
         const QString name = child->objectName();
-        if (!isDecoration(name) && bound.count(name) == 0)
+        const bool ofQt = dynamic_cast<const QTabBar*>(child->parent()) != nullptr; // its scroll buttons
+        if (!ofQt && !isDecoration(name) && bound.count(name) == 0)
             strays_ << name + QStringLiteral(" has no control");
     }
 }
@@ -60,6 +62,11 @@ void FormView::detach() {
 void FormView::settled() {
     for (const auto& view : views_)
         view->settled();
+}
+
+void FormView::drawAll() {
+    for (const auto& view : views_)
+        view->drawAll();
 }
 
 void FormView::drawFocus() {

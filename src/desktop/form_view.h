@@ -21,6 +21,7 @@ public:
     /// The form is going; nothing of it is touched any more.
     void detach();
     void settled();
+    void drawAll();
     [[nodiscard]] forms::Form* form() const noexcept { return form_; }
     /// What is shown: the widgets of the .ui file, or what they were put into.
     [[nodiscard]] QWidget* widget() const noexcept { return widget_; }

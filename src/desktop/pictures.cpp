@@ -1,7 +1,10 @@
 // Takes a picture of every screen of the program, for looking at them and for a machine without a display.
+#include "core/frmAbout.h"
+#include "core/frmConfirm.h"
 #include "core/frmMain.h"
 #include "core/start_up.h"
 #include "desktop/desktop_program.h"
+#include "desktop/icons.h"
 #include "desktop/qt_text.h"
 #include "desktop/ui_forms.h"
 #include "forms/form_registry.h"
@@ -57,6 +60,15 @@ private:
     QString tail_;
 };
 
+/// Dialogs that are empty until somebody asks get something to say.
+void prepare(forms::Form& form) {
+    if (auto* confirm = dynamic_cast<core::frmConfirm*>(&form))
+        confirm->fill({"Confirm Overwrite", "The posting overlaps with 07/04/2005 08:00 to 20:00.",
+                       "Do you wish to overwrite it?", core::ConfirmIcon::Question, 2, true, false});
+    if (auto* about = dynamic_cast<core::frmAbout*>(&form))
+        about->showAbout();
+}
+
 void takeScreens(desktop::DesktopProgram& program, Camera& camera) {
     auto& session = program.session();
     auto* shell = session.forms.get<core::frmMain>("frmMain");
@@ -82,9 +94,12 @@ void takeScreens(desktop::DesktopProgram& program, Camera& camera) {
         }
     }
     for (const char* name : dialogs) {
+        if (forms::Form* before = session.forms.loaded(name))
+            before->Unload();
         forms::Form* form = session.forms.load(name);
         if (form == nullptr || program.screens().viewOf(*form) == nullptr)
             continue;
+        prepare(*form);
         form->Show();
         camera.take(*program.screens().viewOf(*form)->widget(), QLatin1String(name));
         form->Unload();
@@ -96,6 +111,7 @@ void takeScreens(desktop::DesktopProgram& program, Camera& camera) {
 int main(int count, char** words) {
     QApplication application(count, words);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    QApplication::setWindowIcon(desktop::themeIcon(QStringLiteral("zel")));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QCommandLineParser parser;
     parser.addHelpOption();

@@ -16,8 +16,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+
+#include <map>
 
 namespace zel::desktop {
 
@@ -40,8 +43,23 @@ LabelView::LabelView(forms::Captioned& label, QLabel& widget, Desk& desk)
     widget.setTextFormat(Qt::PlainText);
 }
 
+/// A label whose tag names one of the desktop's icons shows that.
+void LabelView::drawIcon() {
+    static const std::map<std::string, QStyle::StandardPixmap> icons{{"critical", QStyle::SP_MessageBoxCritical},
+                                                                     {"exclamation", QStyle::SP_MessageBoxWarning},
+                                                                     {"question", QStyle::SP_MessageBoxQuestion},
+                                                                     {"information", QStyle::SP_MessageBoxInformation}};
+    const auto icon = icons.find(label_.Tag());
+    if (icon == icons.end())
+        return;
+    const int size = face_.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &face_);
+    face_.setPixmap(face_.style()->standardIcon(icon->second, nullptr, &face_).pixmap(size));
+}
+
 void LabelView::draw(Property property) {
     ControlView::draw(property);
+    if (property == Property::Visible && !label_.Tag().empty())
+        drawIcon();
     if (property == Property::Caption) {
         QString caption = linesToQt(label_.Caption());
         // Only a label with a buddy reads the signs of access keys.
@@ -76,10 +94,6 @@ void ButtonView::clicked() {
     act([](forms::User& user, forms::Control& button) { return user.click(button); });
     if (self != nullptr && control() != nullptr)
         draw(Property::Text); // the widget turned by itself, the control may not have
-}
-
-bool ButtonView::keyPressed(const QKeyEvent& event) {
-    return ControlView::keyPressed(event);
 }
 
 void ButtonView::draw(Property property) {

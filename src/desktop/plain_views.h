@@ -25,6 +25,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void drawIcon();
     forms::Captioned& label_;
     QLabel& face_;
 };
@@ -36,7 +37,6 @@ public:
 
 protected:
     void draw(forms::Property property) override;
-    bool keyPressed(const QKeyEvent& event) override;
 
 private:
     void clicked();

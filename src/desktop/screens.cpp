@@ -20,6 +20,12 @@ namespace zel::desktop {
 
 using forms::Property;
 
+namespace {
+
+constexpr int iconSize = 48;
+
+} // namespace
+
 Screens::Screens(Desk& desk) : desk_(desk) {
     forms::FormRegistry& registry = desk_.session.forms;
     registry.formLoaded = [this](forms::Form& form) { loaded(form); };
@@ -93,6 +99,8 @@ void Screens::place(FormView& view) {
     layout->setSizeConstraint(QLayout::SetMinimumSize);
     layout->addWidget(widgets);
     dialog->installEventFilter(this);
+    if (auto* icon = widgets->findChild<QLabel*>(QStringLiteral("decoIcon")))
+        icon->setPixmap(QApplication::windowIcon().pixmap(iconSize));
     view.setWidget(dialog);
 }
 
@@ -131,6 +139,8 @@ void Screens::drawVisible(FormView& view) {
         const bool modal = desk_.session.forms.modalForm() == view.form();
         dialog->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
         dialog->setWindowFlag(Qt::WindowStaysOnTopHint, view.form()->TopMost());
+        if (visible)
+            view.drawAll(); // its icon may be another one than last time
         dialog->setVisible(visible);
         if (visible) {
             dialog->raise();
