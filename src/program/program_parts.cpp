@@ -2,6 +2,7 @@
 
 #include "core/frmMain.h"
 #include "incident/incident_forms.h"
+#include "personnel/personnel_forms.h"
 #include "posting/posting_forms.h"
 #include "reports/print_report.h"
 #include "suite/korvan_suite.h"
@@ -42,6 +43,7 @@ void addScreens(core::Session& session) {
     core::addCoreForms(session);
     suite::addSuiteForms(session);
     incident::addIncidentForms(session);
+    personnel::addPersonnelForms(session);
     posting::addPostingForms(session);
     reports::connectReports(session, nullptr);
 }
