@@ -4,7 +4,7 @@
 #include "core/frmMain.h"
 #include "core/frmRefs.h"
 #include "core/start_up.h"
-#include "forms/form_registry.h"
+#include "forms/hourglass.h"
 
 #include <fmt/format.h>
 
@@ -29,18 +29,6 @@ bool inRange(std::string_view name, std::string_view first, std::string_view las
     const std::string text = ado::lowerCase(name);
     return text >= ado::lowerCase(first) && text <= ado::lowerCase(last);
 }
-
-/// The hourglass for the length of a scope.
-class Hourglass {
-public:
-    explicit Hourglass(forms::FormRegistry& forms) : forms_(forms) { forms_.setHourglass(true); }
-    ~Hourglass() { forms_.setHourglass(false); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-private:
-    forms::FormRegistry& forms_;
-};
 
 } // namespace
 
@@ -82,7 +70,7 @@ forms::Form* frmMain::ActiveForm() const {
 }
 
 void frmMain::HideScreens() {
-    const Hourglass hourglass(session.forms);
+    const forms::Hourglass hourglass(session.forms);
     while (Form* active = ActiveForm()) {
         active->Unload();
         if (ActiveForm() == active)
@@ -94,7 +82,7 @@ void frmMain::HideScreens() {
 void frmMain::OpenScreen(std::string_view name, bool bHideAll, int tab) {
     if (bHideAll)
         HideScreens();
-    const Hourglass hourglass(session.forms);
+    const forms::Hourglass hourglass(session.forms);
     for (const Range& range : ranges()) {
         if (inRange(name, range.first, range.last)) {
             open(range, tab);

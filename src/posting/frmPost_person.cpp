@@ -7,7 +7,7 @@
 #include "core/failure.h"
 #include "core/modData.h"
 #include "core/session.h"
-#include "forms/form_registry.h"
+#include "forms/hourglass.h"
 #include "posting/grid_edit_checks.h"
 #include "posting/modMath.h"
 #include "posting/modPost.h"
@@ -35,18 +35,6 @@ constexpr std::size_t shortestName = 6;
 bool isNoInvoice(const Value& invoice) {
     return invoice.isEmpty() || ado::toLong(invoice) == 0;
 }
-
-/// The hourglass for the length of a scope.
-class Hourglass {
-public:
-    explicit Hourglass(forms::FormRegistry& forms) : forms_(forms) { forms_.setHourglass(true); }
-    ~Hourglass() { forms_.setHourglass(false); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-private:
-    forms::FormRegistry& forms_;
-};
 
 } // namespace
 
@@ -224,7 +212,7 @@ void frmPost::fClearPersonPost() {
 // Saving
 
 void frmPost::savePerson() {
-    const Hourglass glass(session.forms);
+    const forms::Hourglass glass(session.forms);
     session.gCrewPosting = false;
     readLastInvoice();
     if (dbgPersonnelPost.DataChanged()) {

@@ -3,8 +3,7 @@
 #include "core/test_program.h"
 #include "incident/incident_forms.h"
 
-#include "ado/convert.h"
-#include "ado/recordset.h"
+#include "support/rows.h"
 
 namespace zel::incident {
 
@@ -19,18 +18,9 @@ protected:
     }
     void type(forms::Control& box, const std::string& text) { EXPECT_EQ(program.user.type(box, text).refusal, ""); }
     void click(forms::Control& button) { EXPECT_EQ(program.user.click(button).refusal, ""); }
-    /// Past the program: each row as its values in default text, parted by "|".
+    /// Past the program, see rowsOf.
     std::vector<std::string> rows(const std::string& statement) {
-        ado::Recordset records;
-        records.Open(ado::Sql::words(statement), program.database.connection());
-        std::vector<std::string> lines;
-        for (; !records.EOF_(); records.MoveNext()) {
-            std::string line;
-            for (std::size_t field = 0; field < records.fieldCount(); ++field)
-                line += (field == 0 ? "" : "|") + ado::toText(records.value(field));
-            lines.push_back(std::move(line));
-        }
-        return lines;
+        return test::rowsOf(program.database.connection(), statement);
     }
     std::vector<std::string> accounts() {
         return rows("Select IncidentID, AccountingCode, IncidentDefault from AccountingCodes order by AccountingID");

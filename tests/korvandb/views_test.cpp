@@ -1,6 +1,7 @@
 #include "ado/convert.h"
 #include "ado/recordset.h"
 #include "support/database_test.h"
+#include "support/rows.h"
 
 #include <gmock/gmock.h>
 
@@ -49,19 +50,7 @@ protected:
 
     void run(std::string_view statement) { connection().Execute(statement); }
 
-    /// The columns of the rows as texts, joined by "|".
-    std::vector<std::string> list(const std::string& statement) {
-        ado::Recordset rows;
-        rows.Open(ado::Sql::words(statement), connection());
-        std::vector<std::string> lines;
-        for (; !rows.EOF_(); rows.MoveNext()) {
-            std::string line;
-            for (std::size_t field = 0; field < rows.fieldCount(); ++field)
-                line += (field == 0 ? "" : "|") + ado::toText(rows.value(field));
-            lines.push_back(line);
-        }
-        return lines;
-    }
+    std::vector<std::string> list(const std::string& statement) { return test::rowsOf(connection(), statement); }
 };
 ZEL_ON_BOTH_ENGINES(Views);
 

@@ -3,9 +3,8 @@
 #include "core/test_program.h"
 #include "posting/posting_forms.h"
 
-#include "ado/convert.h"
-#include "ado/recordset.h"
 #include "posting/post_columns.h"
+#include "support/rows.h"
 
 namespace zel::posting {
 namespace {
@@ -55,16 +54,7 @@ protected:
     }
     void save() { EXPECT_EQ(program.user.click(screen().cmdSave(0)).refusal, ""); }
     std::vector<std::string> rows(const std::string& statement) {
-        ado::Recordset records;
-        records.Open(ado::Sql::words(statement), program.database.connection());
-        std::vector<std::string> lines;
-        for (; !records.EOF_(); records.MoveNext()) {
-            std::string line;
-            for (std::size_t field = 0; field < records.fieldCount(); ++field)
-                line += (field == 0 ? "" : "|") + ado::toText(records.value(field));
-            lines.push_back(std::move(line));
-        }
-        return lines;
+        return test::rowsOf(program.database.connection(), statement);
     }
     std::vector<std::string> posts() {
         return rows("Select PersonID,ActivityDT,StartTime,StopTime,KindCode,PremiumCode,Hours,AccountingID from "

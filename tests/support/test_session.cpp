@@ -1,7 +1,7 @@
 #include "support/test_session.h"
 
 #include "ado/convert.h"
-#include "ado/recordset.h"
+#include "support/rows.h"
 
 #include <stdlib.h>
 
@@ -117,16 +117,7 @@ SessionTest::SessionTest() {
 }
 
 std::vector<std::string> SessionTest::rows(std::string_view statement) {
-    ado::Recordset records;
-    records.Open(ado::Sql::words(statement), session().connection());
-    std::vector<std::string> lines;
-    for (; !records.EOF_(); records.MoveNext()) {
-        std::string line;
-        for (std::size_t field = 0; field < records.fieldCount(); ++field)
-            line += (field == 0 ? "" : "|") + ado::toText(records.value(field));
-        lines.push_back(std::move(line));
-    }
-    return lines;
+    return rowsOf(session().connection(), statement);
 }
 
 } // namespace zel::test
