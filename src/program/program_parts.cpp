@@ -4,7 +4,7 @@
 #include "incident/incident_forms.h"
 #include "personnel/personnel_forms.h"
 #include "posting/posting_forms.h"
-#include "reports/print_report.h"
+#include "reports/report_forms.h"
 #include "suite/korvan_suite.h"
 
 #include <cstdlib>
@@ -45,7 +45,7 @@ void addScreens(core::Session& session) {
     incident::addIncidentForms(session);
     personnel::addPersonnelForms(session);
     posting::addPostingForms(session);
-    reports::connectReports(session, nullptr);
+    reports::addReportForms(session);
 }
 
 } // namespace zel::program

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "printing/pages.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zel::printing {
+
+/// Writes the pages as a PDF with embedded fonts and text that can be selected. `progress` is told of each page done.
+/// Needs a QGuiApplication. Throws platform::FileError when the file cannot be written.
+void writePdf(const std::string& path, const std::string& title, const Layout& layout, const std::vector<Page>& pages,
+              const std::function<void(std::size_t done)>& progress = {});
+
+} // namespace zel::printing
