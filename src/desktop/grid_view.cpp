@@ -127,7 +127,7 @@ void GridView::detach() {
 }
 
 void GridView::settled() {
-    if (control() == nullptr || grid_.editing() || !table_.isVisible())
+    if (control() == nullptr || closing_ || grid_.editing() || !table_.isVisible())
         return;
     drawing_ = true;
     model_.refresh();
@@ -137,6 +137,14 @@ void GridView::settled() {
 
 void GridView::draw(Property property) {
     ControlView::draw(property);
+    if (closing_ && (property == Property::Items || property == Property::Columns || property == Property::Selection)) {
+        // The cell's editor must be gone before the rows are drawn anew.
+        QTimer::singleShot(0, this, [this] {
+            if (control() != nullptr)
+                draw(Property::Items);
+        });
+        return;
+    }
     if (property == Property::Items || property == Property::Columns) {
         drawing_ = true;
         model_.reset();
@@ -296,7 +304,11 @@ QWidget* GridView::openCell(QWidget& parent, const QModelIndex& cell) {
 }
 
 void GridView::closeCell(const QString& text) {
+    const QPointer<GridView> self(this);
+    closing_ = true;
     act([&text](forms::User& user, forms::Control& grid) { return user.endCell(grid, fromQt(text)); });
+    if (self != nullptr)
+        closing_ = false;
 }
 
 void GridView::leaveCell() {

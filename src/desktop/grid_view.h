@@ -42,7 +42,8 @@ private:
     forms::TDBGrid& grid_;
     QTableView& table_;
     GridModel model_;
-    bool drawing_ = false, layingOut_ = false;
+    bool drawing_ = false;
+    bool closing_ = false; // the text of a cell is on its way to the grid
 };
 
 } // namespace zel::desktop
