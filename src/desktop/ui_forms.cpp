@@ -8,6 +8,7 @@
 #include "ui_frmIncidents.h"
 #include "ui_frmMain.h"
 #include "ui_frmOfficePopup.h"
+#include "ui_frmPersonnel.h"
 #include "ui_frmPost.h"
 #include "ui_frmSecurity.h"
 #include "ui_frmServerSelect.h"
@@ -31,11 +32,17 @@ using Maker = QWidget* (*)();
 
 const std::map<std::string_view, Maker>& makers() {
     static const std::map<std::string_view, Maker> known{
-        {"frmMain", make<Ui::frmMain, QMainWindow>},  {"frmAbout", make<Ui::frmAbout>},
-        {"frmAccounts", make<Ui::frmAccounts>},       {"frmAdminOffice", make<Ui::frmAdminOffice>},
-        {"frmConfirm", make<Ui::frmConfirm>},         {"frmIncidents", make<Ui::frmIncidents>},
-        {"frmOfficePopup", make<Ui::frmOfficePopup>}, {"frmPost", make<Ui::frmPost>},
-        {"frmSecurity", make<Ui::frmSecurity>},       {"frmServerSelect", make<Ui::frmServerSelect>},
+        {"frmMain", make<Ui::frmMain, QMainWindow>},
+        {"frmAbout", make<Ui::frmAbout>},
+        {"frmAccounts", make<Ui::frmAccounts>},
+        {"frmAdminOffice", make<Ui::frmAdminOffice>},
+        {"frmConfirm", make<Ui::frmConfirm>},
+        {"frmIncidents", make<Ui::frmIncidents>},
+        {"frmOfficePopup", make<Ui::frmOfficePopup>},
+        {"frmPersonnel", make<Ui::frmPersonnel>},
+        {"frmPost", make<Ui::frmPost>},
+        {"frmSecurity", make<Ui::frmSecurity>},
+        {"frmServerSelect", make<Ui::frmServerSelect>},
     };
     return known;
 }
