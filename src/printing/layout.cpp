@@ -218,7 +218,7 @@ Layout Parser::finish(int lines) {
         throw LayoutError(lines, 1, "there is no band 'details'");
     double fixed = 0;
     for (const Band& band : layout_.bands)
-        fixed += band.height;
+        fixed += band.height * (band.kind == BandKind::Details && layout_.columns.count > 0 ? layout_.columns.rows : 1);
     if (fixed > layout_.pageHeight - 2 * layout_.margin)
         throw LayoutError(lines, 1, "the bands together are higher than the page");
     return std::move(layout_);

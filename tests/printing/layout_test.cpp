@@ -71,6 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"columns 1.5 2 3 x",
                "line 1, column 9: here the number of columns has to be a whole number from 1 to 1000"},
         Broken{"page 8.5 11 0.5\n", "line 1, column 1: there is no band 'details'"},
+        Broken{"columns 2 3 60 x\nband details 0.2", "line 2, column 1: the bands together are higher than the page"},
         Broken{"band details 10.5", "line 1, column 1: the bands together are higher than the page"}));
 
 } // namespace
