@@ -29,10 +29,9 @@ public:
         out_.end = last == 0 ? 0 : tokens_[last - 1].end;
         for (at_ = 0; at_ < last; ++at_)
             token();
-        endItem();
         for (const SourceTokens& source : query.sources)
             addSource(source);
-        if ((hasWhere_ && out_.whereBegin == Outline::none) || hasLooseBracket())
+        if (hasWhere_ != hasCondition_ || hasLooseBracket())
             out_.closed = true;
         return std::move(out_);
     }
@@ -74,13 +73,8 @@ private:
             out_.closed = true;
         else if (top && (word == Keyword::Distinct || word == Keyword::Distinctrow))
             out_.distinct = true;
-        else if (top && tokens_[at_].kind == TokenKind::Comma)
-            endItem();
-        else if (!top || word != Keyword::Select) {
-            if (itemFirst_ == Outline::none)
-                itemFirst_ = at_;
-            itemLast_ = at_;
-        }
+        else if (!top || word != Keyword::Select)
+            out_.listEnd = tokens_[at_].end;
     }
 
     void inWhere(bool top) {
@@ -88,23 +82,13 @@ private:
             hasWhere_ = true;
             return;
         }
-        if (out_.whereBegin == Outline::none)
-            out_.whereBegin = tokens_[at_].begin;
-        out_.whereEnd = tokens_[at_].end;
+        hasCondition_ = true;
     }
 
     void mark(Keyword word) {
         switch (word) {
         case Keyword::Group:
             out_.aggregate = true;
-            out_.groupBegin = tokens_[at_].begin;
-            break;
-        case Keyword::Order:
-            out_.orderBegin = tokens_[at_].begin;
-            break;
-        case Keyword::By:
-            if (out_.orderBegin != Outline::none && at_ + 1 < tokens_.size())
-                out_.orderItemsBegin = tokens_[at_ + 1].begin;
             break;
         case Keyword::Having:
         case Keyword::Limit:
@@ -116,49 +100,6 @@ private:
         default:
             break;
         }
-    }
-
-    void endItem() {
-        if (itemFirst_ == Outline::none)
-            return;
-        SelectItem item{.begin = tokens_[itemFirst_].begin,
-                        .end = tokens_[itemLast_].end,
-                        .expressionEnd = tokens_[itemLast_].end,
-                        .name = {},
-                        .table = {},
-                        .column = {}};
-        nameItem(item);
-        out_.listEnd = item.end;
-        out_.items.push_back(std::move(item));
-        itemFirst_ = Outline::none;
-    }
-
-    void nameItem(SelectItem& item) {
-        std::size_t last = itemLast_;
-        if (tokens_.isOperator(last, "*") && (last == itemFirst_ || tokens_[last - 1].kind == TokenKind::Dot)) {
-            item.isStar = true;
-            if (last >= itemFirst_ + 2)
-                item.table = tokens_.name(last - 2);
-            return;
-        }
-        if (last > itemFirst_ && tokens_[last].isName() && endsOperand(last - 1)) {
-            item.name = tokens_.name(last);
-            last -= tokens_[last - 1].keyword == Keyword::As ? 2 : 1;
-            item.expressionEnd = tokens_[last].end;
-        }
-        if (!tokens_[last].isName() || structure_.operandBegin(tokens_, last) != itemFirst_)
-            return;
-        item.column = tokens_.name(last);
-        if (last >= itemFirst_ + 2)
-            item.table = tokens_.name(last - 2);
-        if (item.name.empty())
-            item.name = item.column;
-    }
-
-    [[nodiscard]] bool endsOperand(std::size_t index) const {
-        if (tokens_[index].keyword == Keyword::As)
-            return index > itemFirst_;
-        return tokens_[index].isName() || tokens_[index].isLiteral() || tokens_[index].kind == TokenKind::Close;
     }
 
     [[nodiscard]] bool hasLooseBracket() const {
@@ -181,15 +122,9 @@ private:
     Structure structure_;
     Outline out_;
     std::size_t at_ = 0;
-    std::size_t itemFirst_ = Outline::none, itemLast_ = 0;
-    bool hasWhere_ = false;
+    bool hasWhere_ = false, hasCondition_ = false;
     int lastClause_ = -1;
 };
-
-/// Where a new WHERE or ORDER BY would stand.
-std::size_t endOfBody(const Outline& parts) {
-    return std::min({parts.groupBegin, parts.orderBegin, parts.end});
-}
 
 } // namespace
 
@@ -202,27 +137,6 @@ Outline outline(std::string_view statement) {
         return nothing;
     }
     return Maker(tokens).make();
-}
-
-Sql withCondition(const Sql& statement, const Outline& parts, const Sql& condition) {
-    if (parts.whereBegin == Outline::none) {
-        std::size_t body = endOfBody(parts);
-        // Blanks in front of ORDER BY stay there, so that the text reads as if it had been worded so.
-        while (body > 0 && statement.text()[body - 1] == ' ')
-            --body;
-        return statement.slice(0, body) + " WHERE (" + condition + ")" + statement.slice(body);
-    }
-    return statement.slice(0, parts.whereBegin) + "(" + statement.slice(parts.whereBegin, parts.whereEnd) + ") AND (" +
-           condition + ")" + statement.slice(parts.whereEnd);
-}
-
-Sql withOrder(const Sql& statement, const Outline& parts, const Sql& items, bool keepOld) {
-    if (parts.orderItemsBegin == Outline::none)
-        return statement.slice(0, parts.end) + " ORDER BY " + items + statement.slice(parts.end);
-    Sql ordered = statement.slice(0, parts.orderItemsBegin) + items;
-    if (keepOld)
-        ordered += ", " + statement.slice(parts.orderItemsBegin, parts.end);
-    return ordered + statement.slice(parts.end);
 }
 
 Sql withColumns(const Sql& statement, const Outline& parts, const Sql& columns) {
