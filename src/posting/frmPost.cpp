@@ -3,6 +3,7 @@
 #include "ado/convert.h"
 #include "ado/recordset.h"
 #include "core/data_controls.h"
+#include "core/failure.h"
 #include "core/frmMain.h"
 #include "core/lists.h"
 #include "core/modData.h"
@@ -44,6 +45,7 @@ frmPost::frmPost(core::Session& state) : Screen(state, "frmPost") {
     tabPosting.Click = handler([this] { opening([this] { showPage(tabPosting.CurrTab()); }); });
     cmdPrint286.Click = handler([this] { printForm(); });
     KeyPress = [this](int& key) { stepByKey(key); };
+    UnloadEvent = [this](bool&) { core::skipFailures([this] { tbFormClose(); }); };
 }
 
 void frmPost::makeEntryFields(int page) {
@@ -140,6 +142,12 @@ void frmPost::loadTimes() {
     }
 }
 
+void frmPost::loadStatuses() {
+    ado::Recordset statuses;
+    statuses.Open("SELECT Code,Description FROM L_Status WHERE ZEL=1", session.connection());
+    statuses_ = forms::ValueArray::fromRecordset(statuses);
+}
+
 void frmPost::tbFormOpen() {
     opening([this] {
         if (session.gIncidentID < 1 && !session.gManageAll) {
@@ -151,6 +159,7 @@ void frmPost::tbFormOpen() {
             data->setRecordSource("Select * from PersonsPost where PersonsPostID = 0");
         core::RebindDataControls(*this, session.connection(), session.suite.locator().Password(), session.gRefreshing);
         loadTimes();
+        loadStatuses();
         services::SetListColumns(dbcAcct(persons), session.gAccountList, 1, !session.gManageAll);
         services::SetListColumns(dbcAcct(crews), session.gAccountList, 1, !session.gManageAll);
         services::SetListColumns(ddcKindCode, session.gKindList, 2, false);

@@ -11,6 +11,7 @@
 #include "forms/tdb_drop_down.h"
 #include "forms/tdb_grid.h"
 #include "forms/tdb_list.h"
+#include "forms/value_array.h"
 #include "forms/vs_index_tab.h"
 #include "posting/clsBusiness.h"
 
@@ -88,6 +89,7 @@ private:
     void connectPersonPage();
     void connectGrid();
     void loadTimes();
+    void loadStatuses();
 
     void showPage(int page);
     void showPersons();
@@ -123,6 +125,7 @@ private:
     void printForm();
 
     clsBusiness business_{session};
+    forms::ValueArray statuses_; // code and description of those of this program
     bool mPostAllowed_ = true;
     std::int32_t toldOfMissingCode_ = 0; // the person whose missing employment code was told of
 };

@@ -65,8 +65,8 @@ void frmPost::fRebindCurrentPerson() {
     const std::int32_t person = currentPerson();
     showPostings(person > 0 ? "PersonID=" + Sql::of(person) + " and FinalCol = 0" : Sql("PersonID=0"));
     fillPremiums(person > 0 ? personText("FedCode") : std::string());
-    const int status = person > 0 ? services::FindListRow(session.gStatusList, 2, personText("PStatus")) : -1;
-    lblPersonStatus.setCaption(services::listText(session.gStatusList, status, 0));
+    const int status = person > 0 ? services::FindListRow(statuses_, 0, personText("PStatus")) : -1;
+    lblPersonStatus.setCaption(services::listText(statuses_, status, 1));
 }
 
 void frmPost::showPostings(const Sql& filter) {

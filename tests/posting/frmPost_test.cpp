@@ -75,6 +75,22 @@ TEST_P(PostScreenTest, OpensOnThePersonsWithTheirCaptions) {
     EXPECT_EQ(screen().dbgPersonnelPost.rowCount(), 0);
 }
 
+TEST_P(PostScreenTest, OpeningReadsTheTimesAndTheStatuses) {
+    program.run([this] { screen().tbFormOpen(); });
+    EXPECT_THAT(program.statements, Contains("Select time from L_Time order by time"));
+    EXPECT_THAT(program.statements, Contains("SELECT Code,Description FROM L_Status WHERE ZEL=1"));
+    choose("DOE");
+    EXPECT_EQ(screen().lblPersonStatus.Caption(), rows("Select Description from L_Status where Code = 'C'").at(0));
+}
+
+TEST_P(PostScreenTest, ThePersonInFrontIsTheCurrentOneOfTheNextScreen) {
+    choose("ROE");
+    session.gCurrentPersonID = session.gCurrentResourceID = -1;
+    program.run([this] { program.shell().OpenScreen("Settings", true, 0); });
+    EXPECT_EQ(session.gCurrentPersonID, 2);
+    EXPECT_EQ(session.gCurrentResourceID, 2);
+}
+
 TEST_P(PostScreenTest, ATicketIsPostedAndTheNextOneBeginsInTheDate) {
     choose("DOE");
     EXPECT_EQ(session.gAccountingID, 31);
