@@ -38,7 +38,7 @@ public:
     void fClearPersonnelAdd();
     void fClearPersonUpdate();
     /// Shows and hides what depends on the employment type in the box.
-    void fAD(forms::ComboBox& cboAD);
+    void fAD(forms::ComboBox& box);
     /// Puts the rate of area and class into Current Rate: 0 the add page, 1 the edit page.
     void fFixRates(int Index);
     /// Deletes an order that has neither persons nor equipment; false keeps it.

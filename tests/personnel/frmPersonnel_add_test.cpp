@@ -86,7 +86,7 @@ TEST_P(PersonnelAdd, TheHandRatedClassKeepsTheTypedRate) {
     EXPECT_THAT(pay(), ElementsAre("AD|True|False|SALEM|CONUS|AD-5|41.25"));
 }
 
-TEST_P(PersonnelAdd, AnotherPersonHasTheRateAloneAndAFederalOneNone) {
+TEST_P(PersonnelAdd, AnOtherPersonHasTheRateAlone) {
     open();
     fillAdd();
     fillPay("AD-2");
@@ -115,12 +115,12 @@ TEST_P(PersonnelAdd, AContractedResourceIsMarked) {
     EXPECT_THAT(rows("select ContractedResource from Resources"), ElementsAre("True"));
 }
 
-TEST_P(PersonnelAdd, TheNameOfTheOrderIsCut) {
+TEST_P(PersonnelAdd, TheNameOfTheOrderIsTrimmedPartByPart) {
     open();
-    fillAdd(std::string(30, 'X'));
-    type(screen().mskPersonnel(0), std::string(20, 'Y'));
+    fillAdd(" de la cruz ");
+    type(screen().mskPersonnel(0), " ann ");
     save(addSide);
-    EXPECT_THAT(rows("select Name from Resources"), ElementsAre(std::string(30, 'X') + "," + std::string(20, 'Y')));
+    EXPECT_THAT(rows("select Name from Resources"), ElementsAre("DE LA CRUZ,ANN"));
 }
 
 TEST_P(PersonnelAdd, OtherCategoriesHaveNoOverhead) {
