@@ -140,7 +140,10 @@ Outline outline(std::string_view statement) {
 }
 
 Sql withColumns(const Sql& statement, const Outline& parts, const Sql& columns) {
-    return statement.slice(0, parts.listEnd) + ", " + columns + statement.slice(parts.listEnd);
+    // A number may end right in front of FROM; a name may not.
+    const bool parted = statement.text().compare(parts.listEnd, 1, " ") == 0;
+    return statement.slice(0, parts.listEnd) + ", " + columns + (parted ? Sql() : Sql(" ")) +
+           statement.slice(parts.listEnd);
 }
 
 } // namespace zel::ado::sql

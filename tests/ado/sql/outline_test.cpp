@@ -13,6 +13,11 @@ TEST(Outline, ColumnsGoBehindTheSelectList) {
     EXPECT_EQ(wide.values()[0].begin, wide.text().size() - 1);
 }
 
+TEST(Outline, AColumnIsPartedFromAFromThatFollowsANumber) {
+    const Sql text = Sql::words("select 5from A");
+    EXPECT_EQ(withColumns(text, outline(text.text()), Sql("k")).text(), "select 5, k from A");
+}
+
 TEST(Outline, TheSelectListEndsInFrontOfItsOwnFrom) {
     const std::string text = "select distinct Left(C, 1) Letter, (select 1 from B where C = 1) as D from A order by D";
     const Outline parts = outline(text);
