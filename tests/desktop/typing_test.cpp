@@ -85,7 +85,7 @@ TEST_F(Typing, TypeAheadCompletesTheStateAndMarksTheRest) {
     EXPECT_EQ(form.dbcState(0).BoundText(), "OR");
 }
 
-TEST_F(Typing, TheOtherIncidentBoxFollowsTheOneThatWasTypedInto) {
+TEST_F(Typing, TheOtherIncidentBoxFollowsTheOneThatWasPickedFrom) {
     const std::int32_t before = session().gIncidentID;
     auto& number = face<desktop::ListCombo>("frmMain", "dbcIncident_1");
     auto& name = face<desktop::ListCombo>("frmMain", "dbcIncident_0");
@@ -100,7 +100,7 @@ TEST_F(Typing, TheOtherIncidentBoxFollowsTheOneThatWasTypedInto) {
     EXPECT_EQ(number.currentText().toStdString(), shell().dbcIncident(1).Text());
 }
 
-TEST_F(Typing, TheExitQuestionIsAnsweredByItsMnemonicAndNoGoesOn) {
+TEST_F(Typing, TheExitQuestionIsAskedInTheSystemsWordsAndNoGoesOn) {
     QString text, title;
     whenBoxOpens([&](QWidget& box) {
         auto& question = dynamic_cast<QMessageBox&>(box);
