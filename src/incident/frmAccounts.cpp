@@ -412,8 +412,8 @@ bool frmAccounts::passDefaultOn(const Account& account) {
     }
     const std::string question = fmt::format(
         "The selected Account Code is the default for that incident.\r\nIf you continue, the new default Account Code "
-        "will be...\r\n\t{}\t{}\r\n\r\nDo you want to delete the selected Account Code and make \r\nthe above Account "
-        "Code the new default?\r\nNote:  You can change the default after deleting this Account Code.",
+        "will be...\t{}\t{}\r\n\r\nDo you want to delete the selected Account Code and make the above Account Code "
+        "the new default?\r\nNote:  You can change the default after deleting this Account Code.",
         ado::toText(others.value("AccountingCode")), ado::toText(others.value("AgencyCode")));
     if (session.dialogs.message(question, session.title(":Delete Account Code?"), Buttons::YesNo, Icon::Question) !=
         Answer::Yes)

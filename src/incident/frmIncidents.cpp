@@ -116,6 +116,8 @@ void frmIncidents::makePage(int page) {
     for (const int index :
          {incidentState.at(static_cast<std::size_t>(page)), adminState.at(static_cast<std::size_t>(page))})
         dbcState.add(place, index);
+    lblNote.add(place, page)
+        .setCaption("Note:  If additional account codes are needed, they can be added under Manage Incident Accounts.");
     lblAdminInfo.add(place, page);
     cmdSave.add(place, page).setCaption("&Save");
     cmdClear.add(place, page).setCaption("&Clear");

@@ -35,6 +35,7 @@ public:
     forms::ControlArray<forms::Label> lblIncident{"lblIncident"};
     forms::ControlArray<forms::MaskEdBox> mskIncident{"mskIncident"};
     forms::ControlArray<forms::TDBCombo> dbcState{"dbcState"};
+    forms::ControlArray<forms::Label> lblNote{"lblNote"};
     forms::ControlArray<forms::Label> lblAdminInfo{"lblAdminInfo"};
     forms::ControlArray<forms::CommandButton> cmdSave{"cmdSave"};
     forms::ControlArray<forms::CommandButton> cmdClear{"cmdClear"};

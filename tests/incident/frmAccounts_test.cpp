@@ -194,10 +194,10 @@ TEST_P(AccountsTest, TheDefaultGoesOnlyWhenAnotherCodeTakesItsPlace) {
     deleteCode();
     const auto box = program.box();
     EXPECT_EQ(box.text,
-              "The selected Account Code is the default for that incident.\r\nIf you continue, the new default "
-              "Account Code will be...\r\n\tP6AB13\tFORS\r\n\r\nDo you want to delete the selected Account "
-              "Code and make \r\nthe above Account Code the new default?\r\nNote:  You can change the default "
-              "after deleting this Account Code.");
+              "The selected Account Code is the default for that incident.\r\nIf you continue, the new default Account "
+              "Code will be...\tP6AB13\tFORS\r\n\r\nDo you want to delete the selected Account Code and make the "
+              "above Account Code the new default?\r\nNote:  You can change the default after deleting this Account "
+              "Code.");
     EXPECT_EQ(box.title, "ZEL:Delete Account Code?");
     EXPECT_EQ(ofIncident().size(), 2U);
     program.dialogs.answer("Yes");

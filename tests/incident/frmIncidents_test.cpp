@@ -207,6 +207,17 @@ TEST_P(ExistingIncidents, NeitherDeleteDeletesAndTheirWordingsDiffer) {
     EXPECT_EQ(incidents().size(), 2U);
 }
 
+TEST_P(ExistingIncidents, TheNotesSayWhereFurtherCodesAndOfficesAreKept) {
+    for (const int page : {0, 1}) {
+        EXPECT_EQ(screen().lblNote(page).Caption(),
+                  "Note:  If additional account codes are needed, they can be added under Manage Incident Accounts.");
+        EXPECT_EQ(screen().lblAdminInfo(page).Caption(),
+                  "Administrative Office for Payment is connected with each agreement.  You can add the address "
+                  "information on the 'Contracts' screen when you add or edit an agreement.  You can also add or edit "
+                  "addresses from the menu bar under 'Incident Data' then 'Admin Office for Payment.'");
+    }
+}
+
 TEST_P(ExistingIncidents, ClearEmptiesThePage) {
     EXPECT_EQ(program.user.click(screen().cmdClear(1)).refusal, "");
     EXPECT_EQ(screen().mskIncident(10).Text(), "");
