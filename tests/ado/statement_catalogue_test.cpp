@@ -3,6 +3,7 @@
 #include "ado/convert.h"
 #include "ado/error.h"
 #include "ado/recordset.h"
+#include "ado/sql/outline.h"
 #include "support/database_test.h"
 
 #include <gmock/gmock.h>
