@@ -276,6 +276,9 @@ std::string frmPost::personFindings() {
         add(fmt::format("Cannot have an activity date prior to or the same as the End Date for the latest INVOICE!\r\n"
                         "     Activity Date: {}\r\n     Invoice Date: {}",
                         mskPost(dateBox).Text(), session.gInvoiceDate));
+    // A posting for nobody would be on no list and on no time report.
+    if (errors.empty() && currentPerson() < 1)
+        add("You must select a person first.");
     return errors;
 }
 

@@ -136,6 +136,14 @@ TEST_P(PostScreenTest, WithNothingFilledInOneBoxTellsAllInOrder) {
     EXPECT_THAT(posts(), IsEmpty());
 }
 
+TEST_P(PostScreenTest, NothingIsPostedForNobody) {
+    EXPECT_EQ(program.user.pick(screen().dbcAcct(0), "P6AB12").refusal, "");
+    ticket("07042005", "0800", "2000");
+    save();
+    EXPECT_EQ(program.box().text, "Error(s) adding post:\r\nYou must select a person first.");
+    EXPECT_THAT(posts(), IsEmpty());
+}
+
 TEST_P(PostScreenTest, EqualTimesAreRefused) {
     choose("DOE");
     ticket("07042005", "0800", "0800");
