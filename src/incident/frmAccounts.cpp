@@ -84,9 +84,9 @@ frmAccounts::frmAccounts(core::Session& state) : Screen(state, "frmAccounts") {
 void frmAccounts::makeGrid() {
     dbgAccounts.addColumn("AcctID", "AccountingID").setVisible(false);
     dbgAccounts.addColumn("IncidentID", "IncidentID").setVisible(false);
-    dbgAccounts.addColumn("Incident Name", "IncidentName");
-    dbgAccounts.addColumn("Incident Default", "IncidentDefault");
-    dbgAccounts.addColumn("Agency Code", "AgencyCode");
+    dbgAccounts.addColumn("Incident Name", "IncidentName").setWidth(4000);
+    dbgAccounts.addColumn("Incident Default", "IncidentDefault").setWidth(2000);
+    dbgAccounts.addColumn("Agency Code", "AgencyCode").setWidth(1800);
     dbgAccounts.addColumn("Accounting Code", "AccountingCode").setDataWidth(codeWidth);
     dbgAccounts.addColumn("IIncidentID", "IIncidentID").setVisible(false);
     dbgAccounts.AllowAddNew = true;

@@ -41,12 +41,16 @@ frmAdminOffice::frmAdminOffice(core::Session& state) : Screen(state, "frmAdminOf
 }
 
 void frmAdminOffice::makeGrid() {
-    dbgOffice.addColumn("Office Name", "Name");
-    dbgOffice.addColumn("Address 1", "Addr1");
-    dbgOffice.addColumn("Address 2", "Addr2");
-    dbgOffice.addColumn("City", "City");
-    dbgOffice.addColumn("State", "State");
-    dbgOffice.addColumn("Zip", "zip");
+    struct Column {
+        const char* caption;
+        const char* field;
+        int width; // twips: a name of thirty letters, a street, a town
+    };
+    static constexpr Column columns[] = {{"Office Name", "Name", 3600}, {"Address 1", "Addr1", 3200},
+                                         {"Address 2", "Addr2", 3200},  {"City", "City", 2600},
+                                         {"State", "State", 800},       {"Zip", "zip", 1500}};
+    for (const Column& column : columns)
+        dbgOffice.addColumn(column.caption, column.field).setWidth(column.width);
     dbgOffice.addColumn("AdminOfficeID", "AdminOfficeID").setVisible(false);
     dbgOffice.AllowUpdate = false;
     dbgOffice.bind(adoCAdminOffice);
