@@ -217,6 +217,15 @@ TEST_P(AccountsTest, TheOnlyCodeCannotBeDeleted) {
     EXPECT_EQ(ofIncident().size(), 1U);
 }
 
+TEST_P(AccountsTest, DeletingInTheGridGoesByTheSameRules) {
+    program.addAccount(40, 7, "P6AB12");
+    open();
+    EXPECT_EQ(program.user.row(screen().dbgAccounts, 0).refusal, "");
+    (void)program.user.deleteRow(screen().dbgAccounts);
+    EXPECT_EQ(program.box().title, "ZEL: Warning");
+    EXPECT_EQ(ofIncident().size(), 1U);
+}
+
 TEST_P(AccountsTest, ACodeInUseNamesEveryTableItStandsIn) {
     openWithTwoCodes();
     int key = 0;

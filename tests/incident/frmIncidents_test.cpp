@@ -199,6 +199,25 @@ TEST_P(ExistingIncidents, ASignThatEndsTheLiteralFailsWithItsMessageAndChangesNo
     EXPECT_THAT(rows("Select IncidentName from Incidents where IncidentID = 7"), ElementsAre("BEAR CREEK"));
 }
 
+TEST_P(ExistingIncidents, ACodeThatTheIncidentHasAlreadyIsADuplicateIdInTheWordsOfTheSave) {
+    program.execute("insert into AccountingCodes (AccountingID, IncidentID, AccountingCode, IncidentDefault) values "
+                    "(33, 7, 'P6TWICE', 0)");
+    type(12, "P6TWICE");
+    save(1);
+    const forms::ShownBox box = program.box();
+    EXPECT_EQ(box.text, "Duplicate ID...Have computer tech check ID columns");
+    EXPECT_EQ(box.title, "Error Saving");
+    EXPECT_THAT(accounts(), ElementsAre("7|P6AB12|True", "9|P6AB13|True", "7|P6TWICE|False"));
+}
+
+TEST_P(ExistingIncidents, AnyOtherFailureOfASaveTellsNumberAndDescription) {
+    program.execute("delete from Incidents where IncidentID = 7");
+    save(1);
+    const forms::ShownBox box = program.box();
+    EXPECT_THAT(box.text, testing::StartsWith("Err Number: 3021\r\nErr Desc: "));
+    EXPECT_EQ(box.title, "Error Saving");
+}
+
 TEST_P(ExistingIncidents, NeitherDeleteDeletesAndTheirWordingsDiffer) {
     EXPECT_EQ(program.user.click(screen().cmdDelete).refusal, "");
     EXPECT_EQ(program.box().text, "Incidents must be deleted by using 'Tools'>'Delete Incident'.");
