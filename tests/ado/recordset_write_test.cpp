@@ -336,6 +336,17 @@ TEST_P(RecordsetWriteToAFile, AnEditOfTwoTablesThatCannotBeCommittedLeavesNothin
     EXPECT_EQ(lookUp("select AccountingCode from AccountingCodes"), "B2");
 }
 
+TEST_P(RecordsetWrite, ANewRowIsWrittenWithoutReadingTheTable) {
+    Recordset rows;
+    open(rows, "PersonsPost");
+    rows.AddNew();
+    rows.setValue("PersonsPostID", 1);
+    rows.Update();
+    // What came after the write is there too, so that nothing was read before.
+    run("insert into PersonsPost (PersonsPostID) values (2)");
+    EXPECT_EQ(rows.RecordCount(), 2);
+}
+
 TEST_P(RecordsetWrite, TheNullSideOfAJoinCannotBeEditedButTakesNothing) {
     run("insert into Incidents (IncidentID, IncidentName) values (5, 'BIG FIRE')");
     Recordset rows;

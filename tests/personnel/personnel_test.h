@@ -4,8 +4,7 @@
 #include "personnel/frmPersonnel.h"
 #include "personnel/personnel_forms.h"
 
-#include "ado/convert.h"
-#include "ado/recordset.h"
+#include "support/rows.h"
 
 namespace zel::personnel {
 
@@ -72,18 +71,9 @@ protected:
     }
     void save(const Side& side) { click(screen().cmdSave(side.save)); }
 
-    /// Past the program: each row as its values in default text, parted by "|".
+    /// Past the program, see rowsOf.
     std::vector<std::string> rows(const std::string& statement) {
-        ado::Recordset records;
-        records.Open(ado::Sql::words(statement), program.database.connection());
-        std::vector<std::string> lines;
-        for (; !records.EOF_(); records.MoveNext()) {
-            std::string line;
-            for (std::size_t field = 0; field < records.fieldCount(); ++field)
-                line += (field == 0 ? "" : "|") + ado::toText(records.value(field));
-            lines.push_back(std::move(line));
-        }
-        return lines;
+        return test::rowsOf(program.database.connection(), statement);
     }
 };
 

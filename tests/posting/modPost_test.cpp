@@ -297,18 +297,6 @@ TEST_P(PostFailure, AnApostropheInTheKindFailsWithTheBoxAndWritesNothing) {
     EXPECT_TRUE(posts().empty());
 }
 
-TEST_P(PostFailure, ReadsOnlyThePersonAndTheDayWhateverElseIsThere) {
-    for (int key = 1000; key < 1050; ++key)
-        execute("Insert into PersonsPost (PersonsPostID,PersonID,ActivityDT) Values (" + std::to_string(key) +
-                ",2,'7/4/2005')");
-    const auto sent = statementsOf([this] {
-        dialogs().answer("Yes");
-        EXPECT_TRUE(post("10:00 PM", "6:00 AM"));
-    });
-    for (const std::string& statement : sent)
-        EXPECT_NE(statement, "SELECT * FROM  PersonsPost");
-}
-
 TEST_P(PostFailure, AFailedInsertAfterAnOverwriteSaysThatTheRowsAreGone) {
     EXPECT_TRUE(post("8:00 AM", "12:00 PM"));
     dialogs().answer("Yes");
