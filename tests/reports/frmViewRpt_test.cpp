@@ -1,5 +1,6 @@
 #include "reports/frmViewRpt.h"
 
+#include "ado/convert.h"
 #include "reports/report_forms.h"
 #include "support/test_session.h"
 
@@ -32,6 +33,7 @@ protected:
             execute("insert into PersonsDebit (PersonsDebitID,PersonID,ActivityDT,Amt) values (" + std::to_string(i) +
                     ",9,'7/4/2005'," + std::to_string(i) + ")");
     }
+    ReportViewer& pages() { return viewer()->CRViewer91; }
     frmViewRpt* viewer() { return dynamic_cast<frmViewRpt*>(session().forms.loaded("frmViewRpt")); }
 };
 ZEL_ON_BOTH_ENGINES(ViewRptTest);
@@ -43,24 +45,74 @@ TEST_P(ViewRptTest, CommissaryChargesComeUpInTheViewer) {
     ASSERT_NE(viewer(), nullptr);
     EXPECT_TRUE(viewer()->Visible());
     EXPECT_EQ(viewer()->Caption(), "Commissary Charges By Date Report");
-    EXPECT_EQ(viewer()->Zoom(), 100);
+    EXPECT_EQ(viewer()->CRViewer91.Zoom(), 100);
     EXPECT_FALSE(viewer()->flag());
-    EXPECT_THAT(viewer()->pages(), SizeIs(2));
-    EXPECT_TRUE(viewer()->find("$1,830.00").has_value());
+    EXPECT_THAT(pages().pages(), SizeIs(2));
+    EXPECT_EQ(pages().currentPage(), 0U);
+    EXPECT_TRUE(pages().Find("$1,830.00"));
 }
 
-TEST_P(ViewRptTest, ATextIsFoundOnItsPageAndPagesThatAreNotThereAreNotGoneTo) {
+TEST_P(ViewRptTest, ATextIsFoundPlaceByPlaceAroundTheEnd) {
     addCharges(60);
     session().extensions.PrintReport(2, "");
     ASSERT_NE(viewer(), nullptr);
-    EXPECT_EQ(viewer()->find("smith, pat"), 0U);
-    EXPECT_EQ(viewer()->find("smith, pat", 1), 1U);
-    EXPECT_EQ(viewer()->find("PAGE 2 OF 2"), 1U);
-    EXPECT_EQ(viewer()->find("nobody"), std::nullopt);
-    viewer()->goTo(1);
-    EXPECT_EQ(viewer()->page(), 1U);
-    viewer()->goTo(2);
-    EXPECT_EQ(viewer()->page(), 1U);
+    ASSERT_TRUE(pages().Find("page 2 OF 2"));
+    EXPECT_EQ(pages().currentPage(), 1U);
+    const auto there = *pages().found();
+    EXPECT_EQ(pages().pages()[1][there.mark].item.text.substr(there.first, there.length), "Page 2 of 2");
+    ASSERT_TRUE(pages().Find("total of this page"));
+    EXPECT_EQ(pages().currentPage(), 0U);
+    ASSERT_TRUE(pages().Find("total of this page"));
+    EXPECT_EQ(pages().currentPage(), 1U);
+    ASSERT_TRUE(pages().Find("total of this page", true));
+    EXPECT_EQ(pages().currentPage(), 0U);
+    ASSERT_TRUE(pages().Find("total of this page", true));
+    EXPECT_EQ(pages().currentPage(), 1U);
+    EXPECT_FALSE(pages().Find("nobody"));
+    EXPECT_EQ(pages().found(), std::nullopt);
+    EXPECT_EQ(pages().currentPage(), 1U);
+}
+
+TEST_P(ViewRptTest, AWordThatIsBeingTypedStaysAtItsBeginning) {
+    addCharges(3);
+    session().extensions.PrintReport(2, "");
+    ASSERT_NE(viewer(), nullptr);
+    ASSERT_TRUE(pages().Find("s"));
+    ASSERT_TRUE(pages().Find("sm"));
+    const auto first = *pages().found();
+    ASSERT_TRUE(pages().Find("smith"));
+    EXPECT_EQ(pages().found()->mark, first.mark);
+    ASSERT_TRUE(pages().Find("SMITH"));
+    EXPECT_GT(pages().found()->mark, first.mark);
+}
+
+TEST_P(ViewRptTest, PagesAndSizesThatAreNotThereAreNotGoneTo) {
+    addCharges(60);
+    session().extensions.PrintReport(2, "");
+    ASSERT_NE(viewer(), nullptr);
+    pages().goTo(1);
+    EXPECT_EQ(pages().currentPage(), 1U);
+    pages().goTo(2);
+    EXPECT_EQ(pages().currentPage(), 1U);
+    pages().setZoom(5000);
+    EXPECT_EQ(pages().Zoom(), 400);
+    pages().setZoom(1);
+    EXPECT_EQ(pages().Zoom(), 25);
+    EXPECT_EQ(ado::toText(*pages().property("page")), "2");
+    EXPECT_EQ(ado::toText(*pages().property("Pages")), "2");
+    EXPECT_EQ(ado::toText(*pages().property("Zoom")), "25");
+}
+
+TEST_P(ViewRptTest, ANewReportBeginsAtItsFirstPageAtFullSize) {
+    addCharges(60);
+    session().extensions.PrintReport(2, "");
+    ASSERT_NE(viewer(), nullptr);
+    pages().setZoom(200);
+    ASSERT_TRUE(pages().Find("page 2"));
+    session().extensions.PrintReport(2, "");
+    EXPECT_EQ(pages().currentPage(), 0U);
+    EXPECT_EQ(pages().Zoom(), 100);
+    EXPECT_EQ(pages().found(), std::nullopt);
 }
 
 TEST_P(ViewRptTest, ABrokenLayoutIsToldWithLineAndColumn) {
