@@ -8,8 +8,12 @@
 
 namespace zel::printing {
 
-/// Writes the pages as a PDF with embedded fonts and text that can be selected. `progress` is told of each page done.
-/// Needs a QGuiApplication. Throws platform::FileError when the file cannot be written.
+/// The pages as a PDF with embedded fonts and text that can be selected. `progress` is told of each page done.
+/// Needs a QGuiApplication.
+[[nodiscard]] std::string pdfOf(const std::string& title, const Layout& layout, const std::vector<Page>& pages,
+                                const std::function<void(std::size_t done)>& progress = {});
+
+/// Writes it as a file, whole or not at all. Throws platform::FileError.
 void writePdf(const std::string& path, const std::string& title, const Layout& layout, const std::vector<Page>& pages,
               const std::function<void(std::size_t done)>& progress = {});
 
