@@ -55,6 +55,8 @@ constexpr std::array table{
             look_commands::expectBox},
     Command{"expect-rows", "N STATEMENT", "fails unless the statement gives N rows", 2, 2, false,
             data_commands::expectRows},
+    Command{"picture", "NAME", "keeps a picture of the window where there is one", 1, 1, false, look_commands::picture},
+    Command{"picture-box", "NAME", "keeps a picture of the next box", 1, 1, false, look_commands::pictureBox},
     Command{"help", "", "lists the commands", 0, 0, false, help},
     Command{"quit", "", "leaves the program", 0, 0, true, screen_commands::quit},
 };

@@ -66,6 +66,8 @@ void form(Context&, const Words&, Json&);
 void globals(Context&, const Words&, Json&);
 void expect(Context&, const Words&, Json&);
 void expectBox(Context&, const Words&, Json&);
+void picture(Context&, const Words&, Json&);
+void pictureBox(Context&, const Words&, Json&);
 } // namespace look_commands
 
 namespace data_commands {

@@ -121,6 +121,13 @@ Json controlLine(const forms::Control& control) {
     return line;
 }
 
+/// The name of a file in the folder of the pictures, and of no other folder.
+const std::string& pictureName(const std::string& name) {
+    if (name.empty() || name.front() == '.' || name.find('/') != std::string::npos)
+        throw CommandError(fmt::format("{} is no name for a picture", name.empty() ? "an empty word" : name));
+    return name;
+}
+
 /// A box text on one line, so that a fragment may reach over its line ends.
 std::string onOneLine(std::string_view text) {
     std::string line;
@@ -194,6 +201,15 @@ void expectBox(Context& context, const Words& arguments, Json&) {
     if (boxes.empty())
         throw CommandError("the last action showed no box");
     throw CommandError(fmt::format("no box of the last action holds '{}'", arguments[0]));
+}
+
+void picture(Context& context, const Words& arguments, Json& answer) {
+    const auto file = context.program.picture(pictureName(arguments[0]));
+    answer.set("picture", file.empty() ? Json() : Json(file));
+}
+
+void pictureBox(Context& context, const Words& arguments, Json&) {
+    context.program.pictureOfNextBox(pictureName(arguments[0]));
 }
 
 } // namespace zel::runner::look_commands

@@ -31,6 +31,12 @@ public:
     /// CloseApp.
     virtual void quit() = 0;
 
+    /// Keeps what is on the display under the name and gives the file; without a window there is nothing to keep, and
+    /// no file.
+    [[nodiscard]] virtual std::string picture(const std::string& name);
+    /// Keeps the next box the same way when it opens.
+    virtual void pictureOfNextBox(const std::string& name);
+
     /// Stops the clock at a time.
     virtual void setNow(ado::DateTime now) = 0;
     /// Lets time pass; timers fire in their order.

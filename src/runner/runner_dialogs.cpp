@@ -6,16 +6,22 @@ namespace zel::runner {
 
 forms::Answer RunnerDialogs::showMessage(const forms::MessageBox& box) {
     count();
+    if (mirror)
+        mirror([&box](forms::Dialogs& window) { (void)window.message(box); });
     return ScriptedDialogs::showMessage(box);
 }
 
 std::string RunnerDialogs::showInput(const forms::InputBox& box) {
     count();
+    if (mirror)
+        mirror([&box](forms::Dialogs& window) { (void)window.input(box); });
     return ScriptedDialogs::showInput(box);
 }
 
 std::string RunnerDialogs::showFile(const forms::FileBox& box) {
     count();
+    if (mirror)
+        mirror([&box](forms::Dialogs& window) { (void)window.file(box); });
     return ScriptedDialogs::showFile(box);
 }
 

@@ -16,6 +16,8 @@ public:
 
     /// Told why; does not return.
     std::function<void(const std::string& why)> stuck;
+    /// Where there is a window, shows each message, input and file box there as well. The answer is the script's.
+    std::function<void(const std::function<void(forms::Dialogs&)>& show)> mirror;
     void beginCommand() noexcept { unanswered_ = 0; }
 
 protected:

@@ -16,7 +16,7 @@
 namespace zel::runner {
 
 /// The whole program without a window.
-class RunningProgram final : public Program {
+class RunningProgram : public Program {
 public:
     /// Throws std::exception for a program folder that is not there and settings that cannot be written.
     explicit RunningProgram(const Options& options);

@@ -51,6 +51,17 @@ TEST_F(RunnerTest, Start_passes_the_command_line_on) {
     EXPECT_EQ(program.startedWith, "False,x");
 }
 
+TEST_F(RunnerTest, Without_a_window_a_picture_is_nothing_and_the_script_goes_on) {
+    EXPECT_THAT(run("picture day\npicture-box question"),
+                ElementsAre(R"({"line":2,"cmd":"picture","ok":true,"picture":null,"boxes":[]})",
+                            R"({"line":3,"cmd":"picture-box","ok":true,"boxes":[]})"));
+}
+
+TEST_F(RunnerTest, A_picture_stays_in_its_folder) {
+    for (const char* name : {"../day", "a/b", ".hidden", "''"})
+        EXPECT_THAT(answer(std::string("picture ") + name), HasSubstr("is no name for a picture")) << name;
+}
+
 TEST_F(RunnerTest, A_failed_command_ends_the_script_with_status_1) {
     EXPECT_THAT(
         run("press cmdSave(7)\nget txtName"),
