@@ -13,6 +13,8 @@ enum class ColumnType { Unknown, Flag, Integer, Double, Currency, Text, DateTime
 struct CatalogColumn {
     std::string name;
     ColumnType type = ColumnType::Unknown;
+    /// As the schema spells the name, where the engine folds it and the database remembers; else empty.
+    std::string spelling = {};
 };
 
 /// A table or view as the open database describes it.

@@ -1,7 +1,9 @@
 #include "korvandb/ddl.h"
 
 #include "ado/convert.h"
+#include "ado/sql/select_list.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zel::korvandb {
@@ -107,6 +109,17 @@ std::string createView(const View& view, const DdlWords& words) {
     return "CREATE VIEW " + words.object(view.name) + " AS\n" + expand(view.query, words);
 }
 
+std::string spellingOf(const Table& table, const DdlWords& words) {
+    std::vector<std::string> columns;
+    for (const Column& column : table.columns)
+        columns.push_back(column.name);
+    return words.spelling("TABLE", table.name, columns);
+}
+
+std::string spellingOf(const View& view, const DdlWords& words) {
+    return words.spelling("VIEW", view.name, ado::sql::columnNames(expand(view.query, words)));
+}
+
 std::vector<std::string> ddl(const Schema& schema, ado::EngineKind engine) {
     const std::unique_ptr<DdlWords> words = ddlWords(engine);
     std::vector<std::string> statements = words->before();
@@ -117,6 +130,12 @@ std::vector<std::string> ddl(const Schema& schema, ado::EngineKind engine) {
     }
     for (const View& view : schema.views)
         statements.push_back(createView(view, *words));
+    const auto spell = [&](const auto& tableOrView) {
+        if (std::string statement = spellingOf(tableOrView, *words); !statement.empty())
+            statements.push_back(std::move(statement));
+    };
+    std::ranges::for_each(schema.tables, spell);
+    std::ranges::for_each(schema.views, spell);
     for (std::string& statement : words->after())
         statements.push_back(std::move(statement));
     return statements;

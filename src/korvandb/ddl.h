@@ -28,6 +28,9 @@ public:
     [[nodiscard]] virtual std::string indexObject(std::string_view name) const = 0;
     /// Whether an index can keep columns that it is not sorted by; else a wide index is sorted by all of them.
     [[nodiscard]] virtual bool hasIncludedColumns() const = 0;
+    /// A statement that keeps how the names of a table's or view's columns are spelled; empty where the engine does.
+    [[nodiscard]] virtual std::string spelling(std::string_view kind, std::string_view name,
+                                               const std::vector<std::string>& columns) const = 0;
     /// An expression whose text is to compare without regard to case.
     [[nodiscard]] virtual std::string text(std::string_view expression) const = 0;
 };
@@ -43,5 +46,8 @@ public:
 [[nodiscard]] std::string createIndex(const Table& table, const Index& index, const DdlWords& words);
 [[nodiscard]] std::string dropIndex(const Table& table, const Index& index, const DdlWords& words);
 [[nodiscard]] std::string createView(const View& view, const DdlWords& words);
+/// See DdlWords::spelling.
+[[nodiscard]] std::string spellingOf(const Table& table, const DdlWords& words);
+[[nodiscard]] std::string spellingOf(const View& view, const DdlWords& words);
 
 } // namespace zel::korvandb

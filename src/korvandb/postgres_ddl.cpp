@@ -3,6 +3,7 @@
 #include "korvandb/postgres_functions.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace zel::korvandb {
 
@@ -47,6 +48,10 @@ public:
     }
     [[nodiscard]] std::string indexObject(std::string_view name) const override { return object(name); }
     [[nodiscard]] bool hasIncludedColumns() const override { return true; }
+    [[nodiscard]] std::string spelling(std::string_view kind, std::string_view name,
+                                       const std::vector<std::string>& columns) const override {
+        return fmt::format("COMMENT ON {} {} IS '{}: {}'", kind, object(name), name, fmt::join(columns, ", "));
+    }
     [[nodiscard]] std::string text(std::string_view expression) const override {
         return fmt::format("({})::citext", expression);
     }

@@ -39,6 +39,10 @@ public:
     [[nodiscard]] std::string bare(std::string_view name) const override { return fmt::format("[{}]", name); }
     [[nodiscard]] std::string indexObject(std::string_view name) const override { return bare(name); }
     [[nodiscard]] bool hasIncludedColumns() const override { return false; }
+    [[nodiscard]] std::string spelling(std::string_view /*kind*/, std::string_view /*name*/,
+                                       const std::vector<std::string>& /*columns*/) const override {
+        return {};
+    }
     [[nodiscard]] std::string text(std::string_view expression) const override {
         return fmt::format("({}) COLLATE NOCASE", expression);
     }

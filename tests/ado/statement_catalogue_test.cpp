@@ -19,7 +19,8 @@ using ado::EngineKind;
 /// What a statement gave: rows as texts, or the number written, or the failure.
 struct Outcome {
     std::int64_t rows = 0;
-    std::vector<std::string> cells;   // a line for each row
+    std::vector<std::string> cells; // a line for each row
+    std::vector<std::string> names;
     std::vector<std::string> origins; // for each column its name, type, base table and base column
     std::optional<ado::Error> failure;
 };
@@ -45,8 +46,10 @@ Outcome readRows(ado::Connection& connection, const std::string& statement) {
         }
         outcome.cells.push_back(line);
     }
-    for (std::size_t field = 0; field < rows.fieldCount(); ++field)
+    for (std::size_t field = 0; field < rows.fieldCount(); ++field) {
+        outcome.names.push_back(rows.fieldInfo(field).name);
         outcome.origins.push_back(origin(rows.fieldInfo(field)));
+    }
     return outcome;
 }
 
@@ -156,6 +159,26 @@ TEST(StatementCatalogueOfBothEngines, BothTraceColumnsToTheSameTables) {
     const int text = static_cast<int>(ado::ColumnType::Text);
     EXPECT_THAT(postgres.at("SELECT * FROM qrySelectPersonnel").origins,
                 testing::Contains("prequestnumber persons.requestnumber " + std::to_string(text)));
+}
+
+/// Only an expression without an alias has no name of its own.
+TEST(StatementCatalogueOfBothEngines, BothSpellTheNamesOfColumnsAlike) {
+    const Catalogue catalogue = readCatalogue();
+    const auto sqlite = runAll(EngineKind::Sqlite, catalogue);
+    const auto postgres = runAll(EngineKind::Postgres, catalogue);
+    int compared = 0;
+    for (const CatalogueEntry& entry : catalogue.entries)
+        for (const std::string& form : entry.forms()) {
+            const auto& names = sqlite.at(form).names;
+            const auto& others = postgres.at(form).names;
+            ASSERT_EQ(names.size(), others.size()) << form;
+            for (std::size_t column = 0; column < names.size(); ++column)
+                if (ado::equalIgnoringCase(names[column], others[column])) {
+                    EXPECT_EQ(names[column], others[column]) << form;
+                    ++compared;
+                }
+        }
+    EXPECT_GT(compared, 1000);
 }
 
 TEST(StatementCatalogueOfBothEngines, BothDialectsSayTheSame) {

@@ -115,6 +115,15 @@ TEST(Ddl, A_view_is_worded_for_each_engine_and_a_like_view_adds_its_condition) {
               "    WHERE Paid = 1");
 }
 
+TEST(Ddl, The_server_keeps_in_a_comment_how_names_are_spelled) {
+    const Schema schema = parseSchema(smallSchema);
+    EXPECT_EQ(spellingOf(schema.tables[0], *postgresWords()),
+              "COMMENT ON TABLE dbo.\"pay\" IS 'Pay: PayID, Who, Rate, Hours, Day, Paid, Parent'");
+    EXPECT_EQ(spellingOf(*schema.view("qryPay"), *postgresWords()),
+              "COMMENT ON VIEW dbo.\"qrypay\" IS 'qryPay: Info, Paid'");
+    EXPECT_EQ(spellingOf(schema.tables[0], *sqliteWords()), "");
+}
+
 TEST(Schema, Every_reference_is_to_the_key_of_a_table_that_is_there) {
     for (const Table& table : theSchema().tables)
         for (const Reference& reference : table.references) {

@@ -5,6 +5,7 @@
 #include "ado/postgres/values.h"
 #include "ado/row_store.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -17,7 +18,8 @@ constexpr const char* query = R"(
 SELECT c.oid::bigint, c.relname::text, c.relkind = 'v',
        CASE WHEN c.relkind = 'v' THEN pg_get_viewdef(c.oid) END,
        a.attnum::integer, a.attname::text, a.atttypid::bigint, a.atttypmod,
-       coalesce(a.attnum = i.indkey[0] AND i.indnkeyatts = 1, false)
+       coalesce(a.attnum = i.indkey[0] AND i.indnkeyatts = 1, false),
+       pg_catalog.obj_description(c.oid, 'pg_class')
 FROM pg_catalog.pg_class c
 INNER JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace
 INNER JOIN pg_catalog.pg_attribute a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped
@@ -30,6 +32,23 @@ std::string definitionOf(std::string_view text) {
     if (text.ends_with(';'))
         text.remove_suffix(1);
     return std::string(trim(text));
+}
+
+bool isLetterOfName(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+/// Tables are made with a comment that lists their columns as the schema spells them. A column that it does not name,
+/// or a table without one, keeps the server's lower case.
+void spellColumns(CatalogTable& table, std::string_view comment) {
+    while (!comment.empty()) {
+        const auto end = static_cast<std::size_t>(std::ranges::find_if_not(comment, isLetterOfName) - comment.begin());
+        const std::string_view word = comment.substr(0, end);
+        for (CatalogColumn& column : table.columns)
+            if (equalIgnoringCase(column.name, word))
+                column.spelling = word;
+        comment.remove_prefix(std::min(end + 1, comment.size()));
+    }
 }
 
 struct Row {
@@ -53,21 +72,26 @@ CatalogTable tableOf(const Row& row) {
 
 ServerTables readTables(Engine& engine) {
     const auto statement = engine.prepare(query, false);
-    RowStore rows(9);
+    RowStore rows(10);
     statement->query({}, rows);
 
     ServerTables tables;
     CatalogTable table;
+    const auto finish = [&](std::size_t lastRow) {
+        if (rows.typeAt(lastRow, 9) == Value::Type::Text)
+            spellColumns(table, rows.textAt(lastRow, 9));
+        tables.catalog.add(std::exchange(table, {}));
+    };
     for (std::size_t i = 0; i < rows.rows(); ++i) {
         const Row row{rows, i};
         if (i == 0 || row.number(0) != rows.at(i - 1, 0).as<std::int64_t>()) {
             if (i != 0)
-                tables.catalog.add(std::exchange(table, {}));
+                finish(i - 1);
             table = tableOf(row);
         }
         const CellReader reader =
             cellReaderOf(static_cast<unsigned>(row.number(6)), static_cast<int>(row.number(7)), false);
-        table.columns.push_back({row.text(5), reader.type});
+        table.columns.push_back({row.text(5), reader.type, {}});
         if (row.flag(8))
             table.key = row.text(5);
         ServerTables::Numbered& numbered = tables.byNumber[static_cast<unsigned>(row.number(0))];
@@ -75,8 +99,8 @@ ServerTables readTables(Engine& engine) {
         numbered.isView = table.isView();
         numbered.columns[static_cast<int>(row.number(4))] = row.text(5);
     }
-    if (!table.name.empty())
-        tables.catalog.add(std::move(table));
+    if (rows.rows() != 0)
+        finish(rows.rows() - 1);
     return tables;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ado/convert.h"
 #include "ado/error.h"
+#include "ado/sql/translator.h"
 
 #include <fmt/format.h>
 
@@ -18,7 +19,34 @@ std::optional<std::size_t> findNamed(std::span<const ResultColumn> columns, std:
     return std::nullopt;
 }
 
+/// Nothing where nobody knows.
+std::optional<std::string> spellingOf(const ResultColumn& column, const sql::Translation& statement,
+                                      const Catalog& catalog) {
+    for (const std::string& alias : statement.aliases)
+        if (equalIgnoringCase(alias, column.name))
+            return alias;
+    const auto ofTable = [&](std::string_view name) -> std::optional<std::string> {
+        const CatalogTable* table = catalog.table(name);
+        const CatalogColumn* known = table == nullptr ? nullptr : table->column(column.name);
+        if (known == nullptr || known->spelling.empty())
+            return std::nullopt;
+        return known->spelling;
+    };
+    if (equalIgnoringCase(column.name, column.baseColumn))
+        return ofTable(column.baseTable);
+    for (const std::string& source : statement.sources)
+        if (auto spelling = ofTable(source))
+            return spelling;
+    return std::nullopt;
+}
+
 } // namespace
+
+void spellNames(std::span<ResultColumn> columns, const sql::Translation& statement, const Catalog& catalog) {
+    for (ResultColumn& column : columns)
+        if (auto spelling = spellingOf(column, statement, catalog))
+            column.name = std::move(*spelling);
+}
 
 std::optional<std::size_t> findColumn(std::span<const ResultColumn> columns, std::string_view name) {
     if (const auto whole = findNamed(columns, name, {}))

@@ -6,6 +6,10 @@
 #include <span>
 #include <string_view>
 
+namespace zel::ado::sql {
+struct Translation;
+}
+
 namespace zel::ado {
 
 /// The first column of that name, whatever its letters' case. "Resources.IncidentID" prefers a column that comes from
@@ -14,6 +18,10 @@ namespace zel::ado {
 
 /// As findColumn; throws Error 3265 when there is none.
 [[nodiscard]] std::size_t columnIndex(std::span<const ResultColumn> columns, std::string_view name);
+
+/// Spells the names of a statement's columns as the statement's aliases and the schema do. A server that folds names to
+/// lower case would show them so at the head of every grid.
+void spellNames(std::span<ResultColumn> columns, const sql::Translation& statement, const Catalog& catalog);
 
 /// An identifier as both engines quote it.
 [[nodiscard]] std::string quotedName(std::string_view name);

@@ -117,12 +117,17 @@ private:
 
     void writeTerm(const Criterion& term) {
         const ResultColumn& column = columns_[term.column];
-        made_.text += fmt::format("{}.{} {}", rowsOfSource, quotedName(column.name), symbolOf(term.comparison));
+        made_.text += fmt::format("{}.{} {}", rowsOfSource, quotedName(engineName(column)), symbolOf(term.comparison));
         if (term.comparison == Comparison::IsNull)
             return;
         Value value = operandFor(term, column.type);
         made_.text += fmt::format(" {}{}", placeholder(engine_, nextParameter_++), castOf(column.type, value.type()));
         made_.parameters.push_back(std::move(value));
+    }
+
+    /// The server has folded the name that is spelled for grids.
+    [[nodiscard]] std::string engineName(const ResultColumn& column) const {
+        return engine_ == EngineKind::Postgres ? lowerCase(column.name) : column.name;
     }
 
     static Value operandFor(const Criterion& term, ColumnType type) {

@@ -51,6 +51,8 @@ RowSet::RowSet(Connection& connection, const Sql& source, bool writable) : conne
     if (columns_.empty())
         throw Error(ErrorKind::Statement, errors::errorsInCommand, "The statement gives no rows.", source.text());
     visible_ = columns_.size();
+    if (connection.engine().kind() == EngineKind::Postgres)
+        spellNames(columns_, *prepared.translation, connection.engine().catalog());
     readTables();
     if (writable && tables_.size() == 1 && !tables_.front().keyColumn && !tables_.front().key.empty())
         addKey();
@@ -83,7 +85,7 @@ void RowSet::addKey() {
         return;
     const Sql key = Sql::words(fmt::format("{} AS {}", quotedName(table.key), addedKeyName));
     engineText_ = sql::withColumns(Sql::words(engineText_), parts, key).text();
-    columns_ = connection_.prepareNative(engineText_, false)->columns();
+    columns_.push_back(connection_.prepareNative(engineText_, false)->columns().back());
     tableOf_.emplace_back(0);
     table.keyColumn = visible_;
 }

@@ -5,6 +5,7 @@
 #include "ado/sql/lexer.h"
 #include "ado/sql/literals.h"
 #include "ado/sql/rewriter.h"
+#include "ado/sql/select_list.h"
 #include "ado/sql/structure.h"
 
 #include <algorithm>
@@ -137,6 +138,7 @@ struct Translator::State {
         made->engineText = Rewriter(tokens, structure, types, catalog, engine).run(shape.plans);
         made->kind = kindOf(structure);
         made->sources = sourcesOf(tokens, structure);
+        made->aliases = aliases(tokens, structure);
         for (const LiteralPlan& plan : shape.plans)
             if (plan.lifted)
                 made->parameterTypes.push_back(plan.type);

@@ -20,6 +20,8 @@ struct Translation {
     StatementKind kind = StatementKind::Other;
     /// Tables and views named in the statement, as spelled, in order.
     std::vector<std::string> sources;
+    /// Names that select lists give to columns, as spelled, those of the outer list first.
+    std::vector<std::string> aliases;
     /// What becomes of each lifted literal before it is bound: the column type it stands beside.
     std::vector<ColumnType> parameterTypes;
 };
