@@ -24,9 +24,11 @@ void showInternally(core::Session& session, modRpt& engine, const Viewer& show, 
         core::writeLog(session, "This program has no viewer for the report " + engine.title + ".");
 }
 
+// The argument tells of a server only. Which file is open, and whose layouts are meant, goes beside it.
 void startTablon(core::Session& session, const std::string& program, const std::string& argument) {
     core::guarded(session, [&] {
-        if (!session.processes.start(program, {argument}))
+        if (!session.processes.start(program, {argument},
+                                     {{"ZEL_HOME", session.app.Path}, {"ZEL_DATABASE", session.gDBPath}}))
             throw platform::FileError(platform::errors::accessDenied, program + " cannot be started.");
     });
 }

@@ -1,14 +1,12 @@
 #include "suite/database_locator.h"
 
 #include "ado/error.h"
-#include "ado/postgres/open.h"
-#include "ado/sqlite/open.h"
 #include "core/session.h"
 #include "forms/form_registry.h"
 #include "platform/files.h"
 #include "suite/frmSecurity.h"
 #include "suite/frmServerSelect.h"
-#include "suite/server_catalogs.h"
+#include "suite/open_engine.h"
 
 namespace zel::suite {
 
@@ -16,12 +14,6 @@ namespace {
 
 void tell(core::Session& session, const std::string& why) {
     session.dialogs.message(why, session.title(": Cannot Open Database"), forms::Buttons::OK, forms::Icon::Critical);
-}
-
-std::unique_ptr<ado::Engine> openEngine(const std::string& server, const std::string& catalog, const Login& login) {
-    if (server == core::DatabaseLocator::fileServer)
-        return ado::openSqlite(catalog);
-    return ado::openPostgres({hostOf(server), catalog, login.user, login.password});
 }
 
 } // namespace
@@ -45,6 +37,7 @@ bool DatabaseLocator::CloseDatabase() {
 void DatabaseLocator::OpenDesktop(core::Session& session, const std::string& path, const std::string&,
                                   const std::string&, const std::string&, const std::string&) {
     connection_ = std::make_shared<ado::Connection>();
+    login_ = {}; // a file asks for none
     const std::string why = open(fileServer, session.files.actualPath(path), {});
     if (!why.empty())
         tell(session, why);
@@ -76,7 +69,7 @@ bool DatabaseLocator::choose(core::Session& session, std::string& server, std::s
         }
         server = choice.server;
         catalog = choice.catalog;
-        login_ = choice.login;
+        login_ = server == fileServer ? Login() : choice.login; // a file asks for none
         opened = true;
         return true;
     };

@@ -9,6 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Pair;
 using testing::SizeIs;
 
 class PrintReportTest : public test::SessionTest {
@@ -56,6 +57,7 @@ TEST_P(PrintReportTest, WithoutTheReportingProgramEveryReportIsRefused) {
 
 TEST_P(PrintReportTest, TheReportingProgramGetsOneArgument) {
     put("reports", "Tablon.exe");
+    session().gDBPath = "/data/Korvan.mdb";
     print(6, " P12 ");
     print(15);
     session().gManageAll = true;
@@ -65,6 +67,8 @@ TEST_P(PrintReportTest, TheReportingProgramGetsOneArgument) {
                                        "7,15,0,FIRE1/Korvan,clerk,secret," + dialect + ",False,False",
                                        "7,7,R5,FIRE1/Korvan,clerk,secret," + dialect + ",True,True"));
     EXPECT_EQ(program().processes.started[0].program, (program().folder / "reports" / "Tablon.exe").string());
+    EXPECT_THAT(program().processes.started[0].environment,
+                ElementsAre(Pair("ZEL_HOME", program().folder.string()), Pair("ZEL_DATABASE", "/data/Korvan.mdb")));
     EXPECT_THAT(boxes(), IsEmpty());
 }
 

@@ -42,7 +42,7 @@ TEST_P(DatabaseLocatorTest, WithoutNamesTheClerkChoosesAndTheChoiceComesBack) {
     EXPECT_EQ(server, typedServer);
     EXPECT_EQ(catalog, typedCatalog);
     EXPECT_TRUE(isOpen());
-    EXPECT_EQ(suite.locator().Password(), "secret");
+    EXPECT_EQ(suite.locator().Password(), onSqlite() ? "" : "secret"); // a file asks for none
     const auto shown = box();
     EXPECT_EQ(shown.kind, "form");
     EXPECT_EQ(shown.title, "Server and Database Selection");
@@ -92,7 +92,23 @@ TEST_P(DatabaseLocatorTest, CloseDatabaseClosesTheConnectionAndKeepsTheLogin) {
     open(server, catalog);
     suite.locator().CloseDatabase();
     EXPECT_FALSE(isOpen());
-    EXPECT_EQ(suite.locator().Password(), "secret");
+    EXPECT_EQ(suite.locator().Password(), onSqlite() ? "" : "secret");
+}
+
+TEST_P(DatabaseLocatorTest, AFileThatIsOpenedAfterAServerHasNoLogin) {
+    dialogs.runCommands = [](forms::Form& form, const std::string&) {
+        auto& window = dynamic_cast<frmSecurity&>(form);
+        window.txtUser.setText("clerk");
+        window.txtPassword.setText("secret");
+        window.cmdOK.press();
+    };
+    dialogs.answer("form:type");
+    const forms::FormRegistry::Action action(forms);
+    suite.locator().ShowServerSecurity(session, "HOST01");
+    ASSERT_EQ(suite.locator().Password(), "secret");
+    suite.locator().OpenDesktop(session, onSqlite() ? database().file().string() : "/nowhere.mdb", "", "", "", "ZEL");
+    EXPECT_EQ(suite.locator().UserName(), "");
+    EXPECT_EQ(suite.locator().Password(), "");
 }
 
 TEST_P(DatabaseLocatorTest, TheSecurityDialogChangesTheLoginOfAServerInMemoryOnly) {

@@ -21,13 +21,15 @@ namespace zel::test {
 /// Programs are not started; what would have been is kept.
 class RecordedProcesses final : public platform::Processes {
 public:
-    [[nodiscard]] bool start(const std::string& program, const std::vector<std::string>& arguments) override {
-        started.push_back({program, arguments});
+    [[nodiscard]] bool start(const std::string& program, const std::vector<std::string>& arguments,
+                             const platform::Environment& environment) override {
+        started.push_back({program, arguments, environment});
         return true;
     }
     struct Start {
         std::string program;
         std::vector<std::string> arguments;
+        platform::Environment environment;
     };
     std::vector<Start> started;
 };

@@ -1,0 +1,156 @@
+#include "tablon/tablon.h"
+
+#include "ado/convert.h"
+#include "ado/recordset.h"
+#include "core/failure.h"
+#include "core/settings.h"
+#include "core/suite.h"
+#include "suite/open_engine.h"
+#include "tablon/time_report.h"
+
+#include <utility>
+
+namespace zel::tablon {
+
+namespace {
+
+using forms::Icon;
+
+constexpr int timeReport = 6;
+/// Clerks who post while the report is read make it read again; more than a few times is no chance meeting.
+constexpr int patience = 5;
+
+core::App appIn(const std::string& home) {
+    core::App app;
+    app.Title = "Tablon";
+    app.Path = home;
+    app.EXEName = "Tablon";
+    return app;
+}
+
+std::map<std::string, std::string> kindsOf(ado::Connection& connection) {
+    std::map<std::string, std::string> kinds;
+    ado::Recordset rows;
+    rows.Open("SELECT KindCode, KindDesc FROM L_Kind", connection);
+    for (std::int64_t position = 1; position <= rows.RecordCount(); ++position)
+        kinds[ado::upperCase(ado::toText(rows.valueAt(position, 0)))] = ado::toText(rows.valueAt(position, 1));
+    return kinds;
+}
+
+/// As it stands in a file's name: "P12", "R5", "all".
+std::string nameOf(const Request& request) {
+    if (request.whose == Whose::All)
+        return "all";
+    return (request.whose == Whose::Person ? "P" : "R") + std::to_string(request.key);
+}
+
+std::string nobodysHours(const Request& request) {
+    const std::string key = std::to_string(request.key);
+    if (request.whose == Whose::Person)
+        return "Person " + key + " has no posted hours to print.";
+    if (request.whose == Whose::Resource)
+        return "Resource " + key + " has no posted hours to print.";
+    return "There are no posted hours to print.";
+}
+
+} // namespace
+
+Tablon::Tablon(Surroundings surroundings, forms::Dialogs& dialogs)
+    : surroundings_(std::move(surroundings)), forms_(dialogs, timers_),
+      session_(appIn(surroundings_.home), {forms_, dialogs, clock_, files_, processes_, suite_}) {}
+
+Outcome Tablon::tell(Outcome outcome, const std::string& text, Icon icon) {
+    session_.dialogs.message(text, session_.title(": Report"), forms::Buttons::OK, icon);
+    return outcome;
+}
+
+Outcome Tablon::run(const std::string& argument) {
+    Outcome outcome = Outcome::Failed;
+    core::guarded(
+        session_,
+        [&] {
+            try {
+                outcome = carryOut(parseRequest(argument));
+            } catch (const RequestError& failure) {
+                outcome = tell(Outcome::BadArgument, failure.what(), Icon::Critical);
+            }
+        },
+        ": Report", Icon::Critical);
+    return outcome;
+}
+
+Outcome Tablon::carryOut(const Request& request) {
+    if (request.report != timeReport)
+        return tell(Outcome::NotInThisBuild,
+                    "Report " + std::to_string(request.report) + " is not part of this build of the reporting program.",
+                    Icon::Information);
+    open(request);
+    return printTimeReport(request);
+}
+
+std::string Tablon::databaseFile() {
+    if (!surroundings_.database.empty())
+        return files_.actualPath(surroundings_.database);
+    std::string path = core::IniGet(files_, core::FixPath(surroundings_.home) + "zel.ini", "ZEL", "DBSPath", "");
+    if (path.empty() || !files_.fileExists(path))
+        path = core::folderAbove(surroundings_.home) + "database/Korvan.mdb";
+    return files_.actualPath(path);
+}
+
+void Tablon::open(const Request& request) {
+    session_.gServerDialect = request.serverDialect;
+    session_.gServerName = request.serverDialect ? request.server : core::DatabaseLocator::fileServer;
+    session_.gCatalogName = request.serverDialect ? request.catalog : databaseFile();
+    session_.adopt(std::make_shared<ado::Connection>(
+        suite::openEngine(session_.gServerName, session_.gCatalogName, {request.user, request.password})));
+}
+
+bool Tablon::readTimeReport(reports::modRpt& engine, const Request& request, std::vector<Posting>& postings) {
+    reports::ReportValues values;
+    values.FinalFlag = request.flag;
+    for (int attempt = 0; attempt < patience; ++attempt) {
+        if (!engine.GetSQLRS(timeReport, values))
+            return false;
+        if (engine.rsRpt->RecordCount() == 0)
+            return true;
+        postings = readPostings(session_.connection(), request);
+        if (misplaced(postings).empty())
+            return true;
+        arrangeColumns(session_.connection(), request);
+    }
+    tell(Outcome::Failed, "Hours are being posted for these people just now. Please print again.", Icon::Exclamation);
+    return false;
+}
+
+Outcome Tablon::printTimeReport(const Request& request) {
+    session_.gIncidentID = request.incident;
+    session_.gManageAll = request.manageAll;
+    session_.gCurrentPersonID = request.whose == Whose::Person ? request.key : -1;
+    session_.gCurrentResourceID = request.whose == Whose::Resource ? request.key : -1;
+    reports::modRpt engine(session_);
+    std::vector<Posting> postings;
+    if (!readTimeReport(engine, request, postings))
+        return Outcome::Failed;
+    tellOfPostingsWithoutAccount(request);
+    printing::ReportData data{printing::Rows::of(*engine.rsRpt), printing::Rows::of(*engine.rsRptSub),
+                              engine.crxReport->parameters};
+    if (data.main.rows.empty())
+        return tell(Outcome::NothingToPrint, nobodysHours(request), Icon::Information);
+    addTimeReportFields(data.main, postings, kindsOf(session_.connection()));
+    const printing::Layout layout = printing::parseLayout(engine.crxReport->text);
+    surroundings_.print(engine.title + " " + nameOf(request), engine.title, layout, printing::makePages(layout, data));
+    return Outcome::Printed;
+}
+
+/// The form's statement leaves them out, and nobody may be paid short without a word.
+void Tablon::tellOfPostingsWithoutAccount(const Request& request) {
+    const std::vector<std::string> people = peopleWithoutAccount(session_.connection(), request);
+    if (people.empty())
+        return;
+    std::string text = "Postings without an account code are not on the form:";
+    for (const std::string& person : people)
+        text += "\r\n" + person;
+    tell(Outcome::Printed, text, Icon::Exclamation);
+}
+
+} // namespace zel::tablon
