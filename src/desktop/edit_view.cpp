@@ -100,6 +100,8 @@ void EditView::draw(Property property) {
         if (box_.hasFocus() && !line_.hasFocus())
             line_.setFocus(Qt::OtherFocusReason);
         drawText();
+        if (!box_.hasFocus())
+            line_.setCursorPosition(0); // a long text is left at its beginning
         return;
     }
     ControlView::draw(property);

@@ -30,6 +30,7 @@ ListPopup::ListPopup(forms::Control& list, QWidget& combo, QWidget& keyTarget)
     table_->setFrameShape(QFrame::NoFrame);
     table_->setModel(&model_);
     table_->setFocusPolicy(Qt::NoFocus);
+    table_->setMinimumSize(1, 1); // a list of two rows is as high as two rows
     setFocusProxy(&keyTarget);
     table_->installEventFilter(this);
     installEventFilter(this);
@@ -44,7 +45,7 @@ void ListPopup::showBelow(QWidget& combo, int width) {
     const int columns = model_.layOut(*table_);
     table_->horizontalHeader()->setVisible(model_.columnCount() > 1);
     const int rows = std::clamp(model_.rowCount(), 1, mostRows);
-    const int header = table_->horizontalHeader()->isVisible() ? table_->horizontalHeader()->sizeHint().height() : 0;
+    const int header = table_->horizontalHeader()->isHidden() ? 0 : table_->horizontalHeader()->sizeHint().height();
     const int height = header + rows * table_->verticalHeader()->defaultSectionSize() + 2 * frameWidth();
     const int bar = model_.rowCount() > mostRows ? table_->verticalScrollBar()->sizeHint().width() : 0;
     const QRect screen = combo.screen()->availableGeometry();

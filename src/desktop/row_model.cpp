@@ -11,11 +11,26 @@
 #include <QHeaderView>
 #include <QTableView>
 
+#include <algorithm>
+
 namespace zel::desktop {
 
 namespace {
 
 constexpr int wholeWidth = -1;
+constexpr int margin = 12;
+
+/// How wide the texts of a column are, as the first rows have them: a long list is not read for it. What stands far to
+/// the right of a text, a key behind a name, is not meant to be seen.
+int textWidth(const RowModel& rows, int column, const QTableView& view) {
+    constexpr int sample = 60;
+    int width = 0;
+    for (int row = 0; row < std::min(rows.rowCount(), sample); ++row) {
+        const QString text = rows.index(row, column).data().toString().section(QStringLiteral("   "), 0, 0);
+        width = std::max(width, view.fontMetrics().horizontalAdvance(text) + margin);
+    }
+    return width;
+}
 
 } // namespace
 
@@ -86,7 +101,7 @@ void RowModel::reset() {
 }
 
 int RowModel::layOut(QTableView& view) const {
-    constexpr int margin = 12;
+    view.setTextElideMode(Qt::ElideNone); // columns are wide enough; dots would only hint at a hidden key
     int sum = 0;
     int last = -1;
     for (int column = 0; column < columns_(); ++column) {
@@ -98,7 +113,7 @@ int RowModel::layOut(QTableView& view) const {
         if (twips == wholeWidth)
             continue;
         const int head = view.fontMetrics().horizontalAdvance(header_(column)) + margin;
-        const int width = std::max(pixels(twips, view), head);
+        const int width = std::max({pixels(twips, view), head, textWidth(*this, column, view)});
         view.setColumnWidth(column, width);
         sum += width;
     }

@@ -71,6 +71,8 @@ Wanted parse(const std::vector<std::string>& words) {
 void useDarkColours() {
     QPalette dark(QColor(0x2b, 0x2e, 0x31));
     dark.setColor(QPalette::Base, QColor(0x1e, 0x20, 0x22));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(0x8a, 0x8d, 0x90));
     dark.setColor(QPalette::Highlight, QColor(0x2f, 0x7d, 0x8c));
     QApplication::setPalette(dark);
 }

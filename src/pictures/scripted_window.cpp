@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <exception>
@@ -60,7 +61,13 @@ void ScriptedWindow::mirror(const std::function<void(forms::Dialogs&)>& show) {
         if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
             box->done(QDialog::Rejected);
     });
+    const QPointer<QWidget> before = screens_.front();
     show(boxes_);
+    // A display without a desktop gives the keyboard back to nobody.
+    if (before != nullptr) {
+        before->activateWindow();
+        QCoreApplication::processEvents();
+    }
     if (failure)
         std::rethrow_exception(failure);
 }
