@@ -26,6 +26,15 @@ const std::map<QString, QString>& themeNames() {
         {QStringLiteral("refresh"), QStringLiteral("view-refresh")},
         {QStringLiteral("open"), QStringLiteral("document-open")},
         {QStringLiteral("exit"), QStringLiteral("application-exit")},
+        {QStringLiteral("print"), QStringLiteral("document-print")},
+        {QStringLiteral("find"), QStringLiteral("edit-find")},
+        {QStringLiteral("first"), QStringLiteral("go-first")},
+        {QStringLiteral("previous"), QStringLiteral("go-previous")},
+        {QStringLiteral("next"), QStringLiteral("go-next")},
+        {QStringLiteral("last"), QStringLiteral("go-last")},
+        {QStringLiteral("zoom-in"), QStringLiteral("zoom-in")},
+        {QStringLiteral("zoom-out"), QStringLiteral("zoom-out")},
+        {QStringLiteral("close"), QStringLiteral("window-close")},
     };
     return names;
 }

@@ -3,6 +3,7 @@
 #include "desktop/grid_view.h"
 #include "desktop/list_combo.h"
 #include "desktop/plain_views.h"
+#include "desktop/report_view.h"
 #include "desktop/rows_view.h"
 #include "forms/buttons.h"
 #include "forms/label.h"
@@ -11,6 +12,7 @@
 #include "forms/text_edit.h"
 #include "forms/toolbar.h"
 #include "forms/vs_index_tab.h"
+#include "reports/report_viewer.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -45,6 +47,7 @@ constexpr Maker makers[] = {
     viewIf<GridView, forms::TDBGrid, QTableView>,
     viewIf<ProgressView, forms::ProgressBar, QProgressBar>,
     viewIf<TabView, forms::vsIndexTab, QTabWidget>,
+    viewIf<ReportView, reports::ReportViewer, QWidget>,
     viewIf<RowsView, forms::Control, QTableView>,
     viewIf<GroupView, forms::Frame, QWidget>,
     viewIf<GroupView, forms::vsElastic, QWidget>,

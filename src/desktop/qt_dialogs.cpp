@@ -95,6 +95,11 @@ QString filterOf(const std::string& filter) {
     return filters.join(QStringLiteral(";;"));
 }
 
+/// What a name without an ending gets: "PDF files (*.pdf)|*.pdf" gives "pdf".
+QString suffixOf(const std::string& filter) {
+    return toQt(filter).section(QLatin1Char('|'), 1, 1).section(QStringLiteral("*."), 1, 1).remove(QLatin1Char('*'));
+}
+
 } // namespace
 
 Answer QtDialogs::showMessage(const forms::MessageBox& box) {
@@ -142,6 +147,8 @@ std::string QtDialogs::showFile(const forms::FileBox& box) {
     QFileDialog window(parent(), toQt(box.title), toQt(box.folder), filterOf(box.filter));
     window.setAcceptMode(box.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(box.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (box.save)
+        window.setDefaultSuffix(suffixOf(box.filter));
     if (!box.fileName.empty())
         window.selectFile(toQt(box.fileName));
     QObject::connect(&window, &QDialog::finished, &window, [this] { answered(); });

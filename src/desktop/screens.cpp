@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -23,6 +24,13 @@ using forms::Property;
 namespace {
 
 constexpr int iconSize = 48;
+
+/// A window that is worked with beside the shell: it can be made as large as the screen.
+void placeAside(QDialog& window) {
+    constexpr int frame = 40;
+    window.setWindowFlags(Qt::Window);
+    window.resize(window.sizeHint().boundedTo(window.screen()->availableSize() - QSize(frame, frame)));
+}
 
 } // namespace
 
@@ -99,6 +107,8 @@ void Screens::place(FormView& view) {
     layout->setSizeConstraint(QLayout::SetMinimumSize);
     layout->addWidget(widgets);
     dialog->installEventFilter(this);
+    if (widgets->property("ownWindow").toBool())
+        placeAside(*dialog);
     if (auto* icon = widgets->findChild<QLabel*>(QStringLiteral("decoIcon")))
         icon->setPixmap(QApplication::windowIcon().pixmap(iconSize));
     view.setWidget(dialog);

@@ -12,6 +12,7 @@
 #include "ui_frmPost.h"
 #include "ui_frmSecurity.h"
 #include "ui_frmServerSelect.h"
+#include "ui_frmViewRpt.h"
 
 #include <QMainWindow>
 
@@ -43,6 +44,7 @@ const std::map<std::string_view, Maker>& makers() {
         {"frmPost", make<Ui::frmPost>},
         {"frmSecurity", make<Ui::frmSecurity>},
         {"frmServerSelect", make<Ui::frmServerSelect>},
+        {"frmViewRpt", make<Ui::frmViewRpt>},
     };
     return known;
 }

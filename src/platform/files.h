@@ -15,6 +15,7 @@ inline constexpr int fileNotFound = 53;
 inline constexpr int deviceFailure = 57;
 inline constexpr int diskFull = 61;
 inline constexpr int accessDenied = 75;
+inline constexpr int invalidFormat = 321;
 } // namespace errors
 
 /// A file that could not be read or written, in words for the clerk.

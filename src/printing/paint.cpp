@@ -52,6 +52,18 @@ QFont PagePainter::fittingFont(const Item& item, const QRectF& place) const {
     return font(item, points);
 }
 
+QRectF PagePainter::lettersOf(const Mark& mark, std::size_t first, std::size_t length) const {
+    const QRectF place = placeOf(mark);
+    const QFontMetricsF metrics(fittingFont(mark.item, place), painter_.device());
+    const std::string& text = mark.item.text;
+    const QRectF whole = metrics.boundingRect(place, flagsOf(mark.item), QString::fromStdString(text));
+    if (mark.item.fit == Fit::Wrap)
+        return whole;
+    const double before = metrics.horizontalAdvance(QString::fromStdString(text.substr(0, first)));
+    const double behind = metrics.horizontalAdvance(QString::fromStdString(text.substr(0, first + length)));
+    return {whole.left() + before, whole.top(), behind - before, whole.height()};
+}
+
 void PagePainter::drawText(const Mark& mark) {
     if (mark.item.text.empty())
         return;

@@ -4,6 +4,8 @@
 
 #include <QRectF>
 
+#include <cstddef>
+
 class QFont;
 class QPainter;
 
@@ -18,6 +20,9 @@ public:
     explicit PagePainter(QPainter& painter) : painter_(painter) {}
 
     void draw(const Page& page);
+    /// Where letters of a text are drawn, in dots: `first` and `length` are bytes of it. Of a text that is wrapped, the
+    /// whole of it.
+    [[nodiscard]] QRectF lettersOf(const Mark& mark, std::size_t first, std::size_t length) const;
 
 private:
     void drawText(const Mark& mark);

@@ -12,10 +12,9 @@ void frmViewRpt::ShowReport(modRpt& report, const std::string& title, bool flag)
     if (report.rsRptSub->State() == ado::stateOpen)
         data.subreport = printing::Rows::of(*report.rsRptSub);
     data.parameters = report.crxReport->parameters;
-    printing::Layout layout = printing::parseLayout(report.crxReport->text);
+    printing::Layout layout = report.crxReport->parsed();
     std::vector<printing::Page> pages = printing::makePages(layout, data);
     CRViewer91.ViewReport(std::move(layout), std::move(pages));
-    title_ = title;
     flag_ = flag;
     setCaption(title + " Report");
     session.DoEvents();

@@ -11,6 +11,15 @@ namespace zel::reports {
 using forms::Buttons;
 using forms::Icon;
 
+printing::Layout OpenLayout::parsed() const {
+    try {
+        return printing::parseLayout(text);
+    } catch (const printing::LayoutError& error) {
+        throw platform::FileError(platform::errors::invalidFormat,
+                                  "The layout " + name + ".rpt has an error in " + error.what() + ".");
+    }
+}
+
 void modRpt::closeAll() {
     for (auto* records : {&rsRpt, &rsRptSub}) {
         if (*records)

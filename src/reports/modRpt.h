@@ -2,6 +2,7 @@
 
 #include "ado/recordset.h"
 #include "ado/value.h"
+#include "printing/layout.h"
 #include "reports/report_statements.h"
 
 #include <map>
@@ -18,6 +19,9 @@ namespace zel::reports {
 struct OpenLayout {
     std::string name, text;
     std::map<std::string, ado::Value> parameters;
+
+    /// Throws platform::FileError, which names the layout, the line and the column.
+    [[nodiscard]] printing::Layout parsed() const;
 };
 
 /// The state of the report engine: what the last report read, and the layout that shows it. One for each session.

@@ -120,8 +120,20 @@ TEST_P(ViewRptTest, ABrokenLayoutIsToldWithLineAndColumn) {
     session().extensions.PrintReport(2, "");
     const auto shown = boxes();
     ASSERT_THAT(shown, SizeIs(1));
-    EXPECT_THAT(shown[0].text, testing::HasSubstr("line 2, column 3: 'txt' is not known"));
+    EXPECT_EQ(shown[0].text,
+              "Error: 321 Desc: The layout CommissaryCharges.rpt has an error in line 2, column 3: 'txt' "
+              "is not known.");
     EXPECT_TRUE(viewer() == nullptr || !viewer()->Visible());
+}
+
+TEST_P(ViewRptTest, AReportWithABrokenLayoutLeavesTheEarlierOneOpen) {
+    addCharges(60);
+    session().extensions.PrintReport(2, "");
+    put("Reports", "CommissaryCharges.rpt", "page 8.5");
+    session().extensions.PrintReport(2, "");
+    EXPECT_THAT(boxes(), SizeIs(1));
+    EXPECT_THAT(pages().pages(), SizeIs(2));
+    EXPECT_TRUE(viewer()->Visible());
 }
 
 } // namespace
