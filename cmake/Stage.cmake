@@ -1,16 +1,24 @@
-# The folders of an installed program, said once: what is installed under a prefix is what the build stages in
-# ${CMAKE_BINARY_DIR}/stage, ready to be started.
+# The folders of the program, said once: the build stages them in ${CMAKE_BINARY_DIR}/stage, ready to be started, and
+# an installation has them in lib/zel.
 
 set(ZEL_STAGE "${CMAKE_BINARY_DIR}/stage")
+set(ZEL_SUITE_DIR lib/zel)
 
-# zel_stage(FOLDER TARGET...): programs that stand in FOLDER once installed.
+# zel_stage(FOLDER TARGET...): programs that stand in FOLDER.
 function(zel_stage folder)
   foreach(program ${ARGN})
     if(TARGET ${program})
-      install(TARGETS ${program} RUNTIME DESTINATION ${folder})
+      install(TARGETS ${program} RUNTIME DESTINATION ${folder} COMPONENT stage EXCLUDE_FROM_ALL)
+      install(TARGETS ${program} RUNTIME DESTINATION ${ZEL_SUITE_DIR}/${folder} COMPONENT program)
       set_property(GLOBAL APPEND PROPERTY ZEL_STAGED ${program})
     endif()
   endforeach()
+endfunction()
+
+# zel_stage_files(FOLDER FILE...): the same for files.
+function(zel_stage_files folder)
+  install(FILES ${ARGN} DESTINATION ${folder} COMPONENT stage EXCLUDE_FROM_ALL)
+  install(FILES ${ARGN} DESTINATION ${ZEL_SUITE_DIR}/${folder} COMPONENT program)
 endfunction()
 
 zel_stage(zel zel zel-run)
@@ -19,18 +27,18 @@ zel_stage(bin korvan-db)
 
 # Layouts are found through a path with a capital, programs through one without.
 file(GLOB layouts CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/reports/*.rpt")
-install(FILES ${layouts} DESTINATION zel/Reports)
+zel_stage_files(zel/Reports ${layouts})
 
 math(EXPR minor "100 + ${PROJECT_VERSION_MINOR}")
 math(EXPR patch "100 + ${PROJECT_VERSION_PATCH}")
 string(SUBSTRING ${minor} 1 2 minor)
 string(SUBSTRING ${patch} 1 2 patch)
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/korvan_version" CONTENT "Korvan ${PROJECT_VERSION_MAJOR}.${minor}.${patch}\r\n")
-install(FILES "${CMAKE_BINARY_DIR}/korvan_version" DESTINATION bin)
+zel_stage_files(bin "${CMAKE_BINARY_DIR}/korvan_version")
 
 get_property(staged GLOBAL PROPERTY ZEL_STAGED)
 add_custom_target(stage ALL
-  COMMAND sh -c [["$0" --install "$1" --prefix "$2" >"$1/stage.log"]]
+  COMMAND sh -c [["$0" --install "$1" --prefix "$2" --component stage >"$1/stage.log"]]
           "${CMAKE_COMMAND}" "${CMAKE_BINARY_DIR}" "${ZEL_STAGE}"
   COMMENT "Staging the program"
   VERBATIM)

@@ -5,9 +5,39 @@
 #include <QCommandLineParser>
 #include <QLocale>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+/// Without a display the toolkit would end the program with a core dump. What only prints a text needs none.
+bool findDisplay(int count, char** words) {
+    if (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM"))
+        return true;
+    const auto asks = [](const char* word) {
+        const std::string_view text = word;
+        return text == "-platform" || text == "-h" || text == "-v" || text.starts_with("--help") || text == "--version";
+    };
+    if (std::none_of(words + 1, words + count, asks))
+        return false;
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    return true;
+}
+
+} // namespace
 
 int main(int count, char** words) {
+    if (!findDisplay(count, words)) {
+        std::fprintf(stderr, "zel: there is no display; zel-run works without one\n");
+        return 2;
+    }
     QApplication application(count, words);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     QApplication::setApplicationName(QStringLiteral("zel"));
@@ -23,7 +53,8 @@ int main(int count, char** words) {
                                   QStringLiteral("folder"));
     parser.addOption(home);
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("False for a database file, True or nothing for a server."));
+                                 QStringLiteral("False for a database file, True or nothing for a server."),
+                                 QStringLiteral("[command]"));
     parser.process(application);
     try {
         zel::desktop::DesktopProgram program(parser.value(home).toStdString());

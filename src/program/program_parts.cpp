@@ -4,6 +4,7 @@
 #include "incident/incident_forms.h"
 #include "personnel/personnel_forms.h"
 #include "posting/posting_forms.h"
+#include "program/user_folder.h"
 #include "reports/report_forms.h"
 #include "suite/korvan_suite.h"
 
@@ -19,7 +20,12 @@ std::string programFolder(const std::string& given) {
     fs::path folder = given;
     if (folder.empty()) {
         const char* home = std::getenv("ZEL_HOME");
-        folder = home != nullptr && *home != '\0' ? fs::path(home) : fs::read_symlink("/proc/self/exe").parent_path();
+        folder = home != nullptr && *home != '\0' ? fs::path(home) : fs::path();
+    }
+    if (folder.empty()) {
+        folder = fs::read_symlink("/proc/self/exe").parent_path();
+        if (isInstalledForAll(folder))
+            folder = userProgramFolder(folder, userFolder());
     }
     if (!fs::is_directory(folder))
         throw std::runtime_error("there is no program folder " + folder.string());

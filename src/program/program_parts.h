@@ -9,8 +9,9 @@
 /// What the front ends have in common: which program this is, where it lies, which screens it has.
 namespace zel::program {
 
-/// The program folder: the one given, else ZEL_HOME, else the folder of the executable. Absolute.
-/// Throws std::runtime_error when there is no such folder.
+/// The program folder: the one given, else ZEL_HOME, else the folder of the executable, for which a clerk has his own
+/// where the program is installed for everyone (see user_folder.h). Absolute. Throws std::runtime_error when there is
+/// no such folder.
 [[nodiscard]] std::string programFolder(const std::string& given);
 
 /// This program in its folder, with its version.
