@@ -142,8 +142,8 @@ TEST_F(Program, A_disk_that_fills_up_leaves_the_old_database_and_nothing_half_ma
 }
 
 TEST_F(Program, Work_that_is_interrupted_leaves_nothing_half_made) {
-    const ProgramRun stopped =
-        korvanDb("demo --persons 500000 " + file("a.mdb").string(), "exec timeout --foreground --preserve-status --signal=INT 1");
+    const ProgramRun stopped = korvanDb("demo --persons 500000 " + file("a.mdb").string(),
+                                        "exec timeout --foreground --preserve-status --signal=INT 1");
     EXPECT_EQ(stopped.status, 3);
     EXPECT_THAT(stopped.output, HasSubstr("stopped; nothing was changed"));
     EXPECT_EQ(filesLeft(), 0U);
