@@ -102,6 +102,7 @@ public:
 
 private:
     void page(Line& line);
+    void sort(Line& line);
     void columns(Line& line);
     void band(Line& line);
     void item(Line& line, Item::Kind kind);
@@ -116,6 +117,12 @@ void Parser::page(Line& line) {
     layout_.margin = line.number("the margin");
     if (layout_.margin < 0 || layout_.margin * 2 >= layout_.pageWidth || layout_.margin * 2 >= layout_.pageHeight)
         line.fail("the margin leaves no room on the page", 1);
+}
+
+void Parser::sort(Line& line) {
+    layout_.sort = line.word("a field");
+    while (!line.done())
+        layout_.sort += ", " + line.word("a field");
 }
 
 void Parser::columns(Line& line) {
@@ -193,6 +200,8 @@ void Parser::line(Line&& line) {
     const std::string word = line.word("a word");
     if (word == "page")
         page(line);
+    else if (word == "sort")
+        sort(line);
     else if (word == "columns")
         columns(line);
     else if (word == "sheet")

@@ -72,6 +72,8 @@ struct Columns {
 /// How a report looks: see docs/layouts.md.
 struct Layout {
     double pageWidth = 8.5, pageHeight = 11, margin = 0.5;
+    /// The order that the rows have to be brought into first, as a record set takes it; empty is their own.
+    std::string sort;
     std::vector<Band> bands;
     Columns columns;
     /// A new value of this field begins a sheet, and pages are counted within it.

@@ -26,6 +26,7 @@ Procedures makeTable() {
     addCoreProcedures(table);
     addDataProcedures(table);
     addPostingProcedures(table);
+    addReportsProcedures(table);
     addServicesProcedures(table);
     std::ranges::sort(table, {}, [](const Procedure& procedure) { return ado::lowerCase(procedure.name); });
     return table;

@@ -61,6 +61,7 @@ using Procedures = std::vector<Procedure>;
 void addCoreProcedures(Procedures& table);
 void addDataProcedures(Procedures& table);
 void addPostingProcedures(Procedures& table);
+void addReportsProcedures(Procedures& table);
 void addServicesProcedures(Procedures& table);
 
 } // namespace zel::runner

@@ -274,6 +274,12 @@ TEST_F(RunnerTest, Procedures_are_called_by_name) {
     EXPECT_THAT(answer("call"), HasSubstr(R"("CalcHours start stop")"));
 }
 
+TEST_F(RunnerTest, A_report_is_asked_for_with_numbers_where_numbers_belong) {
+    EXPECT_THAT(answer("call GetSQLRS six"), HasSubstr("'six' is no number"));
+    EXPECT_THAT(answer("call GetSQLRS 5 1 R Null Null much"), HasSubstr("'much' is no number"));
+    EXPECT_THAT(answer("call GetSQLRS 7 Null Null Null Null Null Null Null 9 maybe"), HasSubstr("'maybe' is no flag"));
+}
+
 TEST_F(RunnerTest, Open_names_a_screen_and_its_tab) {
     run("open Post 2");
     EXPECT_EQ(program.opened, "Post 2");
