@@ -239,7 +239,7 @@ TEST_F(Viewer, APageThatFitsTheWidthGoesOnFittingIt) {
 
 TEST_F(Viewer, ASearchShowsEachPlaceInTurnAndMarksIt) {
     open(3);
-    search("cold creek");
+    search("charges by date");
     EXPECT_EQ(shown().currentPage(), 0U);
     EXPECT_GT(pixelsOf(QColor(255, 170, 60)), 50);
     key(Qt::Key_F3);
