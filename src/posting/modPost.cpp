@@ -12,8 +12,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <string_view>
+#include <vector>
 
 namespace zel::posting {
 
@@ -35,6 +37,8 @@ struct PersonData {
 
 PersonData readPerson(ado::Connection& connection, std::int32_t personId) {
     const Sql where = "PersonID=" + Sql::of(personId);
+    // The resource is read along: who follows a posting in the statements finds where the person belongs.
+    (void)core::FieldLookup(connection, "ResourceID", "Persons", where);
     const Value rate = core::FieldLookup(connection, "Rate", "Persons", where);
     PersonData person;
     person.Rate = rate.isEmpty() ? ado::Currency() : ado::toCurrency(rate);
@@ -59,21 +63,16 @@ void askAboutClash(core::Session& session, const std::string& info, const std::s
         ask("\r\n", session.vYNMS, YesNoOnly);
 }
 
-/// Deletes the rows that the last check listed and gives how many went.
-int overwriteListed(core::Session& session) {
-    std::string_view keys = session.vYNMSa;
-    if (keys.starts_with(','))
-        keys.remove_prefix(1);
-    if (keys.ends_with(','))
-        keys.remove_suffix(1);
-    int deleted = 0;
-    while (!keys.empty()) {
-        const std::size_t comma = keys.find(',');
-        const std::string key(keys.substr(0, comma));
-        deleted += core::DeleteFirst(session.connection(), "PersonsPost", "PersonsPostID", ado::toLong(key)) ? 1 : 0;
-        keys.remove_prefix(comma == std::string_view::npos ? keys.size() : comma + 1);
+/// The keys that the last check listed, without the commas at both ends.
+std::vector<std::int32_t> listedKeys(std::string_view list) {
+    std::vector<std::int32_t> keys;
+    while (!list.empty()) {
+        const std::string_view key = list.substr(0, list.find(','));
+        if (!key.empty())
+            keys.push_back(ado::toLong(std::string(key)));
+        list.remove_prefix(std::min(list.size(), key.size() + 1));
     }
-    return deleted;
+    return keys;
 }
 
 /// Hours of a new row. Guaranteed codes pay eight hours to AD classes whatever the times were.
@@ -104,15 +103,32 @@ Sql insertStatement(const PersonPosting& posting, const PersonData& person, std:
            Sql::of(posting.AccountingID) + ")";
 }
 
-bool rowIsThere(core::Session& session, std::int32_t key) {
-    return core::CountRows(session.connection(), "PersonsPost", "PersonsPostID=" + Sql::of(key)) > 0;
+/// What became of a write whose connection was lost under way.
+enum class Fate { Present, Absent, Unknown };
+
+/// Looks for the row under its key; a write is never repeated.
+Fate lookUp(core::Session& session, std::int32_t key) {
+    try {
+        const auto rows = core::CountRows(session.connection(), "PersonsPost", "PersonsPostID=" + Sql::of(key));
+        return rows > 0 ? Fate::Present : Fate::Absent;
+    } catch (const ado::Error&) {
+        return Fate::Unknown;
+    }
+}
+
+/// A failed insert of the row with the key.
+Fate fateOfInsert(core::Session& session, const ado::Error& failure, std::int32_t key) {
+    return failure.kind() == ado::ErrorKind::UnknownOutcome ? lookUp(session, key) : Fate::Absent;
 }
 
 void showPostingFailure(core::Session& session, const ado::Error& failure, const std::string& state) {
+    const std::string context = session.ErrMsg.empty() ? std::string() : session.ErrMsg + "\r\n";
     (void)session.dialogs.message(
-        fmt::format("Error: {} Desc: {}\r\n{}\r\n{}", failure.number(), failure.description(), session.ErrMsg, state),
+        fmt::format("Error: {} Desc: {}\r\n{}{}", failure.number(), failure.description(), context, state),
         session.title(": Error"));
 }
+
+bool writeHalves(core::Session& session, SplitPosting& posting, const std::string& deleted);
 
 /// One row being posted, from the first question to the insert.
 class PostRun {
@@ -135,11 +151,12 @@ public:
         return insert();
     }
 
-    /// For the failure box: what cannot be taken back.
+    /// For the failure box: whether the row is there, and what cannot be taken back.
     [[nodiscard]] std::string state() const {
-        return overwritten_ == 0
-                   ? "The posting was not written."
-                   : fmt::format("The posting was not written. {} overlapping post(s) had been deleted.", overwritten_);
+        return (unknown_ ? "It is not known whether the posting was written. Look at the person's posts before posting "
+                           "it again."
+                         : "The posting was not written.") +
+               deleted();
     }
 
 private:
@@ -155,7 +172,7 @@ private:
         switch (session_.vYNMS) {
         case response::yes:
         case response::yesToAll:
-            overwritten_ = overwriteListed(session_);
+            overwriteListed();
             return true;
         case response::no:
         case response::noToAll:
@@ -164,6 +181,36 @@ private:
         default: // closed without an answer: post beside the clashing rows
             return true;
         }
+    }
+
+    /// Deletes the rows that the last check listed.
+    void overwriteListed() {
+        for (const std::int32_t key : listedKeys(session_.vYNMSa)) {
+            try {
+                if (core::DeleteFirst(session_.connection(), "PersonsPost", "PersonsPostID", key))
+                    ++overwritten_;
+            } catch (const ado::Error& failure) {
+                if (failure.kind() == ado::ErrorKind::UnknownOutcome)
+                    noteLostDelete(key);
+                throw;
+            }
+        }
+    }
+
+    void noteLostDelete(std::int32_t key) {
+        const Fate fate = lookUp(session_, key);
+        if (fate == Fate::Absent)
+            ++overwritten_;
+        lostDelete_ = fate == Fate::Unknown;
+    }
+
+    [[nodiscard]] std::string deleted() const {
+        std::string text;
+        if (overwritten_ > 0)
+            text = fmt::format(" {} overlapping post(s) had been deleted.", overwritten_);
+        if (lostDelete_)
+            text += " Of one overlapping post it is not known whether it was deleted.";
+        return text;
     }
 
     bool split() {
@@ -179,7 +226,7 @@ private:
                             posting_.PersonID,           posting_.KindCode, person_.Class,
                             ado::toSingle(person_.Rate), posting_.Premium,  posting_.ReturnTravel,
                             posting_.AccountingID};
-        return PostPersonSplit(session_, halves);
+        return writeHalves(session_, halves, deleted());
     }
 
     bool insert() {
@@ -187,12 +234,11 @@ private:
             session_.connection().Execute(insertStatement(posting_, person_, key_));
             return true;
         } catch (const ado::Error& failure) {
-            if (failure.kind() != ado::ErrorKind::UnknownOutcome)
+            const Fate fate = fateOfInsert(session_, failure, key_);
+            unknown_ = fate == Fate::Unknown;
+            if (fate != Fate::Present)
                 throw;
-            // The write is never repeated: whether it happened is looked up under the new key.
-            if (!rowIsThere(session_, key_))
-                throw;
-            showPostingFailure(session_, failure, "The posting was written.");
+            showPostingFailure(session_, failure, "The posting was written." + deleted());
             return true;
         }
     }
@@ -202,6 +248,8 @@ private:
     std::int32_t key_ = 0;
     PersonData person_;
     int overwritten_ = 0;
+    bool lostDelete_ = false; // of a clashing row it is not known whether it went
+    bool unknown_ = false;    // nor of the new one whether it came
 };
 
 /// Hours and amount of one half.
@@ -225,11 +273,25 @@ std::array<Pay, 2> payOfHalves(const SplitPosting& posting) {
     return {payFor(guaranteed ? 8.0F : 0.0F, posting.Rate), payFor(guaranteed ? 8.0F : 0.0F, posting.Rate)};
 }
 
-/// The columns of both halves in the order they are written; times that a half lacks stay empty.
-void writeHalf(core::Session& session, ado::Recordset& records, const SplitPosting& posting, DateTime day,
-               const Value& start, const Value& stop, const Pay& pay) {
+/// One of the two rows.
+struct Half {
+    DateTime day;
+    Value start, stop;
+    Pay pay;
+};
+
+std::array<Half, 2> halvesOf(const SplitPosting& posting, bool server) {
+    const std::array<Pay, 2> pay = payOfHalves(posting);
+    return {Half{posting.ActivityDT, posting.Start, server ? Value("12:00:00 AM") : Value(endOfDay), pay[0]},
+            Half{posting.ActivityDT.addDays(1), server ? Value("12:01:00 AM") : Value(oneMinutePastMidnight),
+                 posting.ReturnTravel ? Value() : Value(posting.Stop), pay[1]}};
+}
+
+/// The columns in the order they are written; a stop that the half lacks stays empty.
+void writeHalf(ado::Recordset& records, const SplitPosting& posting, const Half& half, std::int32_t key) {
+    const auto& [day, start, stop, pay] = half;
     records.AddNew();
-    records.setValue("PersonsPostID", core::NextNumber(session.connection(), "PersonsPost"));
+    records.setValue("PersonsPostID", key);
     records.setValue("PersonID", posting.PersonID);
     records.setValue("ActivityDT", day);
     records.setValue("StartTime", start);
@@ -244,6 +306,42 @@ void writeHalf(core::Session& session, ado::Recordset& records, const SplitPosti
     records.setValue("amt", pay.amount);
     records.setValue("AccountingID", posting.AccountingID);
     records.Update();
+}
+
+/// What the failure of one of the halves leaves behind.
+std::string stateOfHalves(std::size_t failed, Fate fate) {
+    static constexpr const char* first[] = {
+        "The part before midnight was written, the part after midnight was not.",
+        "Neither half of the posting was written.",
+        "It is not known whether the part before midnight was written; the part after midnight was not."};
+    static constexpr const char* second[] = {
+        "Both halves of the posting were written.",
+        "The part before midnight was written, the part after midnight was not.",
+        "The part before midnight was written; it is not known whether the part after midnight was."};
+    return (failed == 0 ? first : second)[static_cast<std::size_t>(fate)];
+}
+
+/// Both rows in their order. `deleted` is told with a failure: the rows that went before.
+bool writeHalves(core::Session& session, SplitPosting& posting, const std::string& deleted) {
+    if (posting.Premium.empty())
+        posting.Premium = " ";
+    const std::array<Half, 2> halves = halvesOf(posting, session.gServerDialect);
+    std::size_t at = 0;
+    std::int32_t key = 0;
+    try {
+        ado::Recordset records;
+        records.Open("PersonsPost", session.connection(), ado::CursorType::Keyset, ado::LockType::Optimistic);
+        for (; at < halves.size(); ++at) {
+            key = 0; // a number that is not given is the key of no row
+            key = core::NextNumber(session.connection(), "PersonsPost");
+            writeHalf(records, posting, halves[at], key);
+        }
+        return true;
+    } catch (const ado::Error& failure) {
+        const Fate fate = fateOfInsert(session, failure, key);
+        showPostingFailure(session, failure, stateOfHalves(at, fate) + deleted);
+        return at == 1 && fate == Fate::Present;
+    }
 }
 
 } // namespace
@@ -263,25 +361,7 @@ bool PostPerson(core::Session& session, PersonPosting& posting) {
 }
 
 bool PostPersonSplit(core::Session& session, SplitPosting& posting) {
-    if (posting.Premium.empty())
-        posting.Premium = " ";
-    const std::array<Pay, 2> pay = payOfHalves(posting);
-    const bool server = session.gServerDialect;
-    std::string state = "Neither half of the posting was written.";
-    try {
-        ado::Recordset records;
-        records.Open("PersonsPost", session.connection(), ado::CursorType::Keyset, ado::LockType::Optimistic);
-        writeHalf(session, records, posting, posting.ActivityDT, posting.Start,
-                  server ? Value("12:00:00 AM") : Value(endOfDay), pay[0]);
-        state = "The part before midnight was written, the part after midnight was not.";
-        writeHalf(session, records, posting, posting.ActivityDT.addDays(1),
-                  server ? Value("12:01:00 AM") : Value(oneMinutePastMidnight),
-                  posting.ReturnTravel ? Value() : Value(posting.Stop), pay[1]);
-        return true;
-    } catch (const ado::Error& failure) {
-        showPostingFailure(session, failure, state);
-        return false;
-    }
+    return writeHalves(session, posting, {});
 }
 
 } // namespace zel::posting

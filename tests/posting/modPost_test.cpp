@@ -60,6 +60,16 @@ TEST_P(PostPersonTest, SendsTheInsertAsWordedInBothDialects) {
               "'1899-12-30 1:30:00 PM',5.5,0,'FFT1',7)");
 }
 
+TEST_P(PostPersonTest, TakesAKeyReadsThePersonAndChecksBeforeItWrites) {
+    const auto sent = statementsOf([this] { EXPECT_TRUE(post("8:00 AM", "1:30 PM")); });
+    ASSERT_EQ(sent.size(), 7U);
+    EXPECT_EQ(sent[1], "SELECT * FROM  Persons WHERE  PersonID=1"); // ResourceID
+    EXPECT_EQ(sent[2], "SELECT * FROM  Persons WHERE  PersonID=1"); // Rate
+    EXPECT_EQ(sent[3], "SELECT * FROM  Persons WHERE  PersonID=1"); // Class
+    EXPECT_EQ(sent[4], "SELECT * FROM  qrySelectPersonnel WHERE  PersonID=1");
+    EXPECT_EQ(sent[5].substr(0, 68), "SELECT * FROM PersonsPost WHERE PersonsPostID<>1 AND PersonID=1 AND ");
+}
+
 TEST_P(PostPersonTest, AReturnTravelDayHasNoStopAndOneMinuteOfHours) {
     PersonPosting travel = posting("8:00 AM", "8:01 AM");
     travel.ReturnTravel = true;
@@ -282,7 +292,25 @@ TEST_P(PostAcrossMidnight, AReturnTravelSplitLeavesTheSecondStopEmptyAndPaysNoth
               (std::vector<std::string>{"12:00:00 AM|2|20| ", "|0|0| "}));
 }
 
-class PostFailure : public PostPersonTest {};
+class PostFailure : public PostPersonTest {
+protected:
+    /// The database lets the row not be deleted, or not be inserted.
+    void keepRow(int key) { refuse("delete", "old", key); }
+    void keepOut(int key) { refuse("insert", "new", key); }
+
+private:
+    void refuse(const std::string& event, const std::string& row, int key) {
+        const std::string head = "create trigger kept before " + event + " on PersonsPost for each row when ";
+        const std::string test = row + ".PersonsPostID = " + std::to_string(key);
+        if (onSqlite()) {
+            direct(head + test + " begin select raise(abort, 'kept'); end");
+            return;
+        }
+        direct("create function refuse() returns trigger language plpgsql as 'begin raise exception ''kept''; end'");
+        direct(head + "(" + test + ") execute function refuse()");
+    }
+    void direct(const std::string& statement) { (void)connection().engine().prepare(statement, true)->execute({}); }
+};
 ZEL_ON_BOTH_ENGINES(PostFailure);
 
 TEST_P(PostFailure, AnApostropheInTheKindFailsWithTheBoxAndWritesNothing) {
@@ -307,6 +335,46 @@ TEST_P(PostFailure, AFailedInsertAfterAnOverwriteSaysThatTheRowsAreGone) {
     ASSERT_EQ(shown.size(), 2U);
     EXPECT_NE(shown[1].text.find("1 overlapping post(s) had been deleted."), std::string::npos);
     EXPECT_TRUE(posts().empty());
+}
+
+TEST_P(PostFailure, AnOverwriteThatStopsHalfWaySaysHowManyWent) {
+    EXPECT_TRUE(post("8:00 AM", "9:00 AM"));
+    EXPECT_TRUE(post("10:00 AM", "11:00 AM"));
+    keepRow(2);
+    dialogs().answer("Yes");
+    EXPECT_FALSE(post("8:00 AM", "12:00 PM"));
+    const auto shown = boxes();
+    ASSERT_EQ(shown.size(), 2U);
+    EXPECT_NE(shown[1].text.find("The posting was not written. 1 overlapping post(s) had been deleted."),
+              std::string::npos)
+        << shown[1].text;
+    EXPECT_EQ(rows("Select PersonsPostID from PersonsPost"), std::vector<std::string>{"2"});
+}
+
+TEST_P(PostFailure, ASplitThatFailsAfterAnOverwriteSaysBoth) {
+    EXPECT_TRUE(post("10:00 PM", "11:00 PM"));
+    dialogs().answer("Yes");
+    dialogs().answer("Yes");
+    PersonPosting night = posting("9:00 PM", "6:00 AM");
+    keepOut(4); // 1 was posted, 2 is the key of a posting that is not split
+    EXPECT_FALSE(PostPerson(session(), night));
+    const auto shown = boxes();
+    ASSERT_EQ(shown.size(), 3U);
+    EXPECT_NE(shown[2].text.find("The part before midnight was written, the part after midnight was not. 1 overlapping "
+                                 "post(s) had been deleted."),
+              std::string::npos)
+        << shown[2].text;
+    EXPECT_EQ(rows("Select PersonsPostID from PersonsPost"), std::vector<std::string>{"3"});
+}
+
+TEST_P(PostFailure, WithoutATableForPostingsTheBoxSaysThatNothingWasWritten) {
+    execute("Drop table PersonsPost");
+    EXPECT_FALSE(post("8:00 AM", "8:00 PM"));
+    const auto shown = boxes();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].title, "ZEL: Error");
+    EXPECT_TRUE(shown[0].text.starts_with("Error: "));
+    EXPECT_TRUE(shown[0].text.ends_with("\r\nThe posting was not written.")) << shown[0].text;
 }
 
 } // namespace
