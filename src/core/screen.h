@@ -43,6 +43,19 @@ protected:
     Session& session;
 };
 
+/// While it lives the screen itself moves controls: change events do nothing.
+class Moving {
+public:
+    explicit Moving(Session& session) : session_(session), before_(session.Working) { session.Working = true; }
+    ~Moving() { session_.Working = before_; }
+    Moving(const Moving&) = delete;
+    Moving& operator=(const Moving&) = delete;
+
+private:
+    Session& session_;
+    bool before_;
+};
+
 /// A line in the program's log.
 void writeLog(const Session& session, const std::string& text);
 

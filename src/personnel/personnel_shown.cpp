@@ -3,6 +3,7 @@
 #include "core/failure.h"
 #include "core/lists.h"
 #include "core/modData.h"
+#include "core/screen.h"
 #include "core/session.h"
 #include "core/suite.h"
 #include "personnel/frmPersonnel.h"
@@ -15,25 +16,13 @@
 namespace zel::personnel {
 
 using ado::Sql;
+using core::Moving;
 namespace column = core::incident_column;
 
 namespace {
 
 constexpr int disabledGrey = 0xC0C0C0;
 constexpr int statusCodeColumn = 2;
-
-/// The screen itself moves controls: change events do nothing meanwhile.
-class Moving {
-public:
-    explicit Moving(core::Session& session) : session_(session), before_(session.Working) { session.Working = true; }
-    ~Moving() { session_.Working = before_; }
-    Moving(const Moving&) = delete;
-    Moving& operator=(const Moving&) = delete;
-
-private:
-    core::Session& session_;
-    bool before_;
-};
 
 Sql recordSource(const core::Session& session) {
     const Sql all(

@@ -18,14 +18,14 @@
 #include "services/grid_columns.h"
 #include "services/list_columns.h"
 
+#include <map>
+
 namespace zel::posting {
 
 using ado::Sql;
 using forms::CheckBox;
 
 namespace {
-
-constexpr const char* dateMask = "99/99/9999";
 
 /// The numbers of a page's date and hours box; its time boxes have the same numbers.
 constexpr int firstBox(int page) {
@@ -42,6 +42,9 @@ frmPost::frmPost(core::Session& state) : Screen(state, "frmPost") {
     makeEquipmentPage();
     connectPersonPage();
     connectGrid();
+    tabPosting.Switch = [this](int oldPage, int, bool& cancel) {
+        cancel = oldPage == persons && !dbgPersonnelPost.Update();
+    };
     tabPosting.Click = handler([this] { opening([this] { showPage(tabPosting.CurrTab()); }); });
     cmdPrint286.Click = handler([this] { printForm(); });
     KeyPress = [this](int& key) { stepByKey(key); };
@@ -121,6 +124,7 @@ void frmPost::connectPersonPage() {
     mskPost(0).GotFocus = handler([this] { fCheckPersonStatus(); });
     for (const int date : {firstBox(persons), firstBox(crews)})
         mskPost(date).Validate = [this, date](bool& keepFocus) { keepFocus = !validDate(date); };
+    cbPost(0).Validate = [this](bool&) { cbPost(0).setText(ado::upperCase(cbPost(0).Text())); };
     cboTime.each([this](forms::ComboBox& box) {
         box.Validate = [this, index = box.Index()](bool&) {
             handler([this, index] { (void)fCheckPostField(FieldKind::cboTime, index); })();
@@ -135,11 +139,17 @@ void frmPost::connectPersonPage() {
 void frmPost::loadTimes() {
     ado::Recordset times;
     times.Open("Select time from L_Time order by time", session.connection());
-    cboTime.each([](forms::ComboBox& box) { box.Clear(); });
+    // A ticket half keyed in outlives the lists.
+    std::map<int, std::string> typed;
+    cboTime.each([&typed](forms::ComboBox& box) {
+        typed[box.Index()] = box.Text();
+        box.Clear();
+    });
     for (; !times.EOF_(); times.MoveNext()) {
         const std::string time = ado::toText(times.value(0));
         cboTime.each([&time](forms::ComboBox& box) { box.AddItem(time); });
     }
+    cboTime.each([&typed](forms::ComboBox& box) { box.setText(typed[box.Index()]); });
 }
 
 void frmPost::loadStatuses() {
@@ -151,25 +161,46 @@ void frmPost::loadStatuses() {
 void frmPost::tbFormOpen() {
     opening([this] {
         if (session.gIncidentID < 1 && !session.gManageAll) {
-            session.dialogs.message("Incident not identified.  Exit " + session.app.Title + " and try again.",
+            session.dialogs.message("Incident not identified.  Exit ZEL and try again.",
                                     session.title(": Incident Not Found"));
             return;
         }
+        (void)dbgPersonnelPost.Update(); // lists that are read anew take no edits with them
         for (forms::Adodc* data : {&AdoSelect1, &AdoSelect2, &AdoPost})
             data->setRecordSource("Select * from PersonsPost where PersonsPostID = 0");
         core::RebindDataControls(*this, session.connection(), session.suite.locator().Password(), session.gRefreshing);
-        loadTimes();
-        loadStatuses();
-        services::SetListColumns(dbcAcct(persons), session.gAccountList, 1, !session.gManageAll);
-        services::SetListColumns(dbcAcct(crews), session.gAccountList, 1, !session.gManageAll);
-        services::SetListColumns(ddcKindCode, session.gKindList, 2, false);
-        services::SetListColumns(tdbDDAccts, session.gAccountList, 1, !session.gManageAll);
-        fillPremiums("");
+        loadLists();
         fRebindIncident();
     });
 }
 
+void frmPost::loadLists() {
+    const core::Moving moving(session); // a list that is bound anew forgets its row, and no account goes with it
+    loadTimes();
+    loadStatuses();
+    core::LoadList(session, !session.gManageAll, session.gAccountList, 1);
+    services::SetListColumns(dbcAcct(persons), session.gAccountList, 1, !session.gManageAll);
+    services::SetListColumns(dbcAcct(crews), session.gAccountList, 1, !session.gManageAll);
+    services::SetListColumns(ddcKindCode, session.gKindList, 2, false);
+    services::SetListColumns(tdbDDAccts, session.gAccountList, 1, !session.gManageAll);
+    loadPremiums();
+}
+
+void frmPost::loadPremiums() {
+    for (const int page : {persons, crews}) {
+        const std::string chosen = cbPost(page).Text();
+        services::FillPremiumList(session, cbPost(page),
+                                  page == crews ? services::PremiumKind::Crews : services::PremiumKind::Persons, "");
+        cbPost(page).setText(chosen);
+    }
+}
+
+void frmPost::tbRefresh() {
+    opening([this] { fRebindIncident(); });
+}
+
 void frmPost::tbFormClose() {
+    (void)dbgPersonnelPost.Update();
     if (tabPosting.CurrTab() == persons && currentPerson() > 0) {
         session.gCurrentPersonID = currentPerson();
         if (const ado::Value resource = dbcPersonnel.Columns("RResourceID").value(); !resource.isEmpty())
@@ -215,7 +246,6 @@ void frmPost::showPage(int page) {
 void frmPost::showPersons() {
     cmdPrint286.setCaption("Print OF288");
     lblCurrentPost.setCaption("Posting Personnel");
-    const std::int32_t person = currentPerson();
     AdoSelect1.setRecordSource(statements::persons(session));
     AdoSelect1.Refresh();
     AdoSelect2.setRecordSource("Select * from persons where personid = 0");
@@ -227,11 +257,22 @@ void frmPost::showPersons() {
         dbcPersonnel.bind(AdoSelect1);
     if (dbgPersonnelPost.source() == nullptr)
         dbgPersonnelPost.bind(AdoPost);
-    dbcPersonnel.setBoundText(person > 0 ? std::to_string(person) : std::string());
-    if (currentPerson() < 1)
-        dbcPersonnel.setText("");
+    standOnPerson();
     showAccount(persons);
     fRebindCurrentPerson();
+}
+
+void frmPost::standOnPerson() {
+    // The rows are other ones now; choosing the same person again is no choice of the clerk's.
+    const auto row =
+        personInFront_ > 0 ? dbcPersonnel.findText(std::to_string(personInFront_), "PersonID") : std::int64_t{-1};
+    dbcPersonnel.setText(row < 0 ? std::string() : dbcPersonnel.listText(row));
+    personInFront_ = currentPerson();
+    if (personInFront_ < 1)
+        mPostAllowed_ = true;
+    else if (session.gRefreshing)
+        session.gAccountingID = accountInFront_; // the shell has taken the default of the incident
+    LockPersGrid();
 }
 
 void frmPost::showCrews() {
@@ -272,28 +313,8 @@ void frmPost::showAccount(int box) {
 void frmPost::takeAccount(int box) {
     const ado::Value account = dbcAcct(box).Columns("AcctID").value();
     session.gAccountingID = account.isEmpty() ? -1 : ado::toLong(account);
-}
-
-void frmPost::stepByKey(int& key) {
-    forms::Control* active = ActiveControl();
-    if (active == nullptr || session.Working)
-        return;
-    if (auto* box = dynamic_cast<forms::MaskEdBox*>(active); box != nullptr && box->Mask() == dateMask) {
-        if (const auto date = steppedDate(box->Text(), key, session.clock.Today())) {
-            box->setText(*date);
-            key = 0;
-        }
-    } else if (active->Name() == "cboTime") {
-        auto& time = dynamic_cast<forms::ComboBox&>(*active);
-        if (const auto stepped = steppedTime(time.Text(), key, session.clock.Now())) {
-            time.setText(*stepped);
-            key = 0;
-        } else if (key == forms::keys::enter && CkKeyPadEnterTab.isChecked()) {
-            key = 0;
-            if (forms::Control* next = tabStop(active))
-                next->SetFocus();
-        }
-    }
+    if (box == persons)
+        accountInFront_ = session.gAccountingID;
 }
 
 void frmPost::printForm() {

@@ -31,7 +31,7 @@ public:
     void tbSave() override;
     void tbDelete() override;
     void tbNew() override;
-    void tbRefresh() override { fRebindIncident(); }
+    void tbRefresh() override;
     void fRebindIncident() override;
 
     /// What a field check says.
@@ -81,6 +81,7 @@ protected:
 
 private:
     enum Page { persons = 0, crews = 1, equipment = 2 };
+    static constexpr const char* dateMask = "99/99/9999";
 
     void makePersonPage();
     void makeEntryFields(int page);
@@ -88,11 +89,14 @@ private:
     void makeEquipmentPage();
     void connectPersonPage();
     void connectGrid();
+    void loadLists();
     void loadTimes();
     void loadStatuses();
+    void loadPremiums();
 
     void showPage(int page);
     void showPersons();
+    void standOnPerson();
     void showCrews();
     void showEquipment();
     void showAccount(int box);
@@ -119,7 +123,10 @@ private:
     void postPerson();
 
     [[nodiscard]] bool cellMayStand(int column);
+    [[nodiscard]] bool takeFromList(int column, forms::TDBDropDown& list, const char* refusal);
     void afterRowWritten();
+    void endSplit();
+    void tellGridFailure(const ado::Error& failure);
     [[nodiscard]] bool isInvoiced(std::int64_t row);
     void deletePersonPost();
     void printForm();
@@ -127,6 +134,8 @@ private:
     clsBusiness business_{session};
     forms::ValueArray statuses_; // code and description of those of this program
     bool mPostAllowed_ = true;
+    std::int32_t accountInFront_ = -1;   // theirs, or the one chosen since
+    std::int32_t personInFront_ = 0;     // kept while another page shows its own lists
     std::int32_t toldOfMissingCode_ = 0; // the person whose missing employment code was told of
 };
 

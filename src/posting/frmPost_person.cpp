@@ -1,3 +1,4 @@
+// The page of persons: who is posted, and the ticket.
 #include "posting/frmPost.h"
 
 #include "ado/convert.h"
@@ -32,10 +33,6 @@ namespace {
 constexpr int dateBox = 0, hoursBox = 1, startBox = 0, stopBox = 1, stopLabel = 3;
 constexpr std::size_t shortestName = 6;
 
-bool isNoInvoice(const Value& invoice) {
-    return invoice.isEmpty() || ado::toLong(invoice) == 0;
-}
-
 } // namespace
 
 std::int32_t frmPost::currentPerson() const {
@@ -48,6 +45,8 @@ std::string frmPost::personText(std::string_view column) {
 }
 
 void frmPost::takePerson() {
+    (void)dbgPersonnelPost.Update(); // the row under edit is of the person before
+    personInFront_ = currentPerson();
     mPostAllowed_ = true;
     LockPersGrid();
     const Value account = dbcPersonnel.Columns("AcctID").value();
@@ -58,13 +57,15 @@ void frmPost::takePerson() {
         session.gAccountingID = -1;
         dbcAcct(0).setText("");
     }
+    accountInFront_ = session.gAccountingID;
     fRebindCurrentPerson();
 }
 
 void frmPost::fRebindCurrentPerson() {
     const std::int32_t person = currentPerson();
     showPostings(person > 0 ? "PersonID=" + Sql::of(person) + " and FinalCol = 0" : Sql("PersonID=0"));
-    fillPremiums(person > 0 ? personText("FedCode") : std::string());
+    if (person > 0)
+        fillPremiums(personText("FedCode"));
     const int status = person > 0 ? services::FindListRow(statuses_, 0, personText("PStatus")) : -1;
     lblPersonStatus.setCaption(services::listText(statuses_, status, 1));
 }
@@ -128,77 +129,12 @@ void frmPost::LockPersGrid() {
     const std::string code = dbcPersonnel.source() != nullptr && currentPerson() > 0 ? personText("FedCode") : "";
     for (int column = 0; column < dbgPersonnelPost.columnCount(); ++column)
         dbgPersonnelPost.Columns(column).setLocked(!mPostAllowed_);
+    // Nothing checks another day against the posts there; hours and amount follow from the other cells.
+    for (const int column : {post_column::Date, post_column::Hours, post_column::Amt})
+        dbgPersonnelPost.Columns(column).setLocked(true);
     // Only a rated person has a class, and only AD and OTHER have a rate of their own.
     dbgPersonnelPost.Columns(post_column::Class).setLocked(!mPostAllowed_ || code != "AD");
     dbgPersonnelPost.Columns(post_column::Rate).setLocked(!mPostAllowed_ || (code != "AD" && code != "OTHER"));
-}
-
-// Fields
-
-frmPost::FieldResult frmPost::fCheckPostField(FieldKind kind, int index) {
-    return kind == FieldKind::cboTime ? checkTime(index) : checkDate(index);
-}
-
-void frmPost::refuseTime(int index) {
-    session.dialogs.message("Invalid Time..Must be in 15 minute interval.", session.title(": Post Error"), Buttons::OK,
-                            Icon::Exclamation);
-    cboTime(index).setText("");
-}
-
-frmPost::FieldResult frmPost::checkTime(int index) {
-    forms::ComboBox& box = cboTime(index);
-    std::string text = box.Text();
-    if (text.empty())
-        return FieldResult::Missing;
-    if (text.size() < 4) {
-        refuseTime(index);
-        return FieldResult::Good;
-    }
-    text = text.find(':') == std::string::npos ? text.substr(0, 2) + ":" + text.substr(2, 2) : text.substr(0, 5);
-    const std::string minutes = text.size() >= 2 ? text.substr(text.size() - 2) : "";
-    const bool quarter = minutes == "00" || minutes == "15" || minutes == "01" || minutes == "30" || minutes == "45";
-    if (!quarter || (!ado::isDate(text) && text != "24:00")) {
-        refuseTime(index);
-        return FieldResult::Good;
-    }
-    box.setText(text);
-    const int start = index - index % 2;
-    if (cboTime(start).Text().empty() || cboTime(start + 1).Text().empty())
-        return FieldResult::Good;
-    const float hours = CalcHours(boxTime(start), boxTime(start + 1));
-    mskPost(start + 1).setText(ado::toText(Value(hours)));
-    return hours == 0.0F ? FieldResult::NoHours : FieldResult::Good;
-}
-
-frmPost::FieldResult frmPost::checkDate(int index) {
-    forms::MaskEdBox& box = mskPost(index);
-    if (box.ClipText().empty())
-        return FieldResult::Missing;
-    if (ado::isDate(box.Text()))
-        return FieldResult::Good;
-    const Value date = services::FormatMaskValue(box.Text());
-    if (date.isNull()) {
-        services::ClearMaskedBox(box);
-        return FieldResult::Missing;
-    }
-    box.setText(ado::toText(date));
-    return FieldResult::Good;
-}
-
-bool frmPost::validDate(int index) {
-    if (session.Working || checkDate(index) != FieldResult::Good)
-        return true;
-    return business_.CompareIncStartDate(ado::toDateTime(mskPost(index).Text()));
-}
-
-DateTime frmPost::boxTime(int index) const {
-    const Value time = services::FormatMaskValue(cboTime(index).Text(), true);
-    return time.type() == Value::Type::DateTime ? time.as<DateTime>() : ado::toDateTime(time);
-}
-
-bool frmPost::isZeroTime(int index) const {
-    const Value time = services::BlankIfEmpty(services::FormatMaskValue(cboTime(index).Text(), true), true);
-    return !ado::isDate(time) ? ado::isNumeric(time) && ado::toDouble(time) == 0.0 : ado::toDateTime(time) == endOfDay;
 }
 
 void frmPost::fClearPersonPost() {
@@ -276,6 +212,11 @@ std::string frmPost::personFindings() {
         add(fmt::format("Cannot have an activity date prior to or the same as the End Date for the latest INVOICE!\r\n"
                         "     Activity Date: {}\r\n     Invoice Date: {}",
                         mskPost(dateBox).Text(), session.gInvoiceDate));
+    // A time that was refused just now has left an empty box behind.
+    if (errors.empty() && cboTime(startBox).Text().empty())
+        add("You must include a Start Time for posting.");
+    if (errors.empty() && !chkLastDay.isChecked() && cboTime(stopBox).Text().empty())
+        add("You must include a Stop Time for posting.");
     // A posting for nobody would be on no list and on no time report.
     if (errors.empty() && currentPerson() < 1)
         add("You must select a person first.");
@@ -289,106 +230,20 @@ void frmPost::postPerson() {
     posting.ReturnTravel = chkLastDay.isChecked();
     if (posting.ReturnTravel) {
         // A return travel day lasts one minute: 08:00 to 08:01.
-        std::string stop = cboTime(startBox).Text();
-        stop = stop.substr(0, 4) + std::to_string(stop.back() - '0' + 1);
-        posting.Stop = ado::toDateTime(stop);
+        const ado::DateParts start = posting.Start.parts();
+        posting.Stop = DateTime::fromTime(start.hour, start.minute + 1);
     } else {
         posting.Stop = boxTime(stopBox);
     }
     const Value collection = dbcPersonnel.Columns("Collection").value();
     posting.KindCode = personText(!collection.isEmpty() && ado::toBoolean(collection) ? "KindCode" : "RKindCode");
     posting.PersonID = currentPerson();
-    posting.Premium = cbPost(0).Text();
+    posting.Premium = ado::upperCase(cbPost(0).Text());
     posting.AccountingID = session.gAccountingID;
     if (PostPerson(session, posting))
         fClearPersonPost();
     fRebindCurrentPerson();
     mskPost(dateBox).SetFocus();
-}
-
-// The grid
-
-void frmPost::connectGrid() {
-    dbgPersonnelPost.BeforeColUpdate = [this](int column, const Value&, bool& cancel) {
-        cancel = !cellMayStand(column);
-    };
-    dbgPersonnelPost.AfterUpdate = [this] { afterRowWritten(); };
-    dbgPersonnelPost.FetchRowStyle = [this](forms::Bookmark row, forms::RowStyle& style) {
-        if (isInvoiced(dbgPersonnelPost.source()->rowOf(row)))
-            style = {forms::colors::lightGrey, forms::colors::red, true};
-    };
-    // The pop-up menu deletes by the same rule as the button.
-    dbgPersonnelPost.BeforeDelete = [this](bool& cancel) {
-        cancel = true;
-        if (!session.gSplitDone)
-            core::guarded(session, [this] { deletePersonPost(); });
-    };
-    dbgPersonnelPost.Error = [this](const ado::Error& failure) {
-        session.dialogs.message(fmt::format("Error: {} Desc: {}", failure.number(), failure.description()),
-                                session.title(": Error"));
-    };
-}
-
-bool frmPost::cellMayStand(int column) {
-    switch (column) {
-    case post_column::Start:
-    case post_column::Stop:
-        return CheckPersonPostEdit(session, dbgPersonnelPost);
-    case post_column::Class:
-        return fClassChanged(session, dbgPersonnelPost, personText("Area"));
-    case post_column::Rate: {
-        const Value typed = dbgPersonnelPost.Columns(column).value();
-        if (!typed.isEmpty() && !ado::isNumeric(typed))
-            return false;
-        float rate = typed.isEmpty() ? 0.0F : ado::toSingle(typed);
-        return business_.ValidRate(rate);
-    }
-    case post_column::Special:
-        return checkSpecialCode(session, dbgPersonnelPost, dbgPersonnelPost.Columns(column).Text());
-    default:
-        return true;
-    }
-}
-
-void frmPost::afterRowWritten() {
-    if (session.gSplitDone) {
-        // The two halves stand in rows of their own; the edited row goes.
-        core::guarded(session, [this] {
-            const Value id = dbgPersonnelPost.Columns("PersonsPostID").value();
-            if (!id.isEmpty())
-                core::DeleteByKey(session.connection(), "PersonsPost", "PersonsPostID", id);
-            fRebindCurrentPerson();
-        });
-        session.gSplitDone = false;
-    }
-    session.Working = false;
-}
-
-bool frmPost::isInvoiced(std::int64_t row) {
-    return row >= 0 && !isNoInvoice(dbgPersonnelPost.cellValue(row, post_column::InvoiceID));
-}
-
-void frmPost::deletePersonPost() {
-    const std::int64_t row = dbgPersonnelPost.row();
-    if (row < 0)
-        return;
-    if (isInvoiced(row)) {
-        session.dialogs.message("Cannot Delete an Invoiced posting.", "Cannot Delete", Buttons::OK, Icon::Exclamation);
-        return;
-    }
-    try {
-        core::DeleteByKey(session.connection(), "PersonsPost", "PersonsPostID",
-                          dbgPersonnelPost.cellValue(row, post_column::PersonsPostID));
-    } catch (const ado::Error& failure) {
-        session.dialogs.message(
-            fmt::format(
-                "Try deleting blank posting by selecting...\r\nTools\r\nClear OF-288 Blank Records.\r\nPlease note "
-                "Error Number: {}\r\nDescription: {}",
-                failure.number(), failure.description()),
-            session.title(": Error Deleting Posting"));
-        return;
-    }
-    fRebindCurrentPerson();
 }
 
 } // namespace zel::posting

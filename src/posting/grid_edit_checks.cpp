@@ -196,6 +196,8 @@ bool fClassChanged(core::Session& session, forms::TDBGrid& grid, std::string_vie
         if (Class == "AD-5") {
             const std::string typed =
                 session.dialogs.input({"Enter the rate. (ie 18.20)", session.title(":AD-5 Rate"), ""});
+            if (typed.empty()) // taken back
+                return false;
             rate = ado::toCurrency(typed);
         } else {
             ado::Recordset rates;

@@ -15,9 +15,12 @@ constexpr int step = 15;
 
 /// Minute of the day as the boxes count it: 24:00 is the last, 00:01 the first.
 std::optional<int> minuteOf(std::string_view text) {
-    if (text == "24:00")
+    if (text == "24:00" || text == "2400")
         return minutesPerDay;
-    const auto time = ado::parseDateTime(text);
+    std::string typed(text);
+    if (typed.size() == 4 && typed.find(':') == std::string::npos)
+        typed.insert(2, 1, ':');
+    const auto time = ado::parseDateTime(typed);
     if (!time)
         return std::nullopt;
     const ado::DateParts parts = time->parts();
