@@ -25,15 +25,6 @@ namespace zel::posting {
 using ado::Sql;
 using forms::CheckBox;
 
-namespace {
-
-/// The numbers of a page's date and hours box; its time boxes have the same numbers.
-constexpr int firstBox(int page) {
-    return page * 2;
-}
-
-} // namespace
-
 frmPost::frmPost(core::Session& state) : Screen(state, "frmPost") {
     setCaption("Post Time");
     CkKeyPadEnterTab.setCaption("&Use Enter Key as Tab for Posting");
@@ -92,30 +83,6 @@ void frmPost::makePersonPage() {
     ddcKindCode.setDataField("KindCode");
     tdbDDAccts.setDataField("AccountingID");
     tdbDDAccts.setValueTranslate(true);
-}
-
-void frmPost::makeCrewPage() {
-    makeEntryFields(crews);
-    dblCrewMembers.setMultiSelect(true);
-    addPersonPostColumns(dbgPostCrews);
-}
-
-void frmPost::makeEquipmentPage() {
-    static constexpr const char* captions[] = {"Contract Equipment", "Contract Crews", "Other Contracts"};
-    optType.each([](forms::OptionButton& option) { option.setCaption(captions[option.Index()]); });
-    optType.on(&forms::OptionButton::Click, [this](int type) {
-        handler([this, type] {
-            static constexpr const char* posting[] = {"Posting Equipment", "Posting Contract Crew",
-                                                      "Posting Other Contracts"};
-            session.gContractType = type;
-            session.gEquipTabOpen = true;
-            lblCurrentPost.setCaption(posting[type]);
-            dbcContractor.setText("");
-            dbcEquipment.setText("");
-            AdoSelect1.setRecordSource(statements::contractors(session));
-            AdoSelect1.Refresh();
-        })();
-    });
 }
 
 void frmPost::connectPersonPage() {
@@ -273,32 +240,6 @@ void frmPost::standOnPerson() {
     else if (session.gRefreshing)
         session.gAccountingID = accountInFront_; // the shell has taken the default of the incident
     LockPersGrid();
-}
-
-void frmPost::showCrews() {
-    cmdPrint286.setCaption("Print OF288");
-    lblCurrentPost.setCaption("Posting Crews");
-    AdoSelect1.setRecordSource(statements::crews(session));
-    AdoSelect1.Refresh();
-    AdoSelect2.setRecordSource(core::AddWhere("[ResourceID]=0", statements::crewMembers()));
-    AdoSelect2.Refresh();
-    AdoPost.setRecordSource("Select * from PersonsPost order by ActivityDt, StartTime, StopTime");
-    AdoPost.Refresh();
-    AdoPost.setFilter("PersonID=0");
-    showAccount(crews);
-}
-
-void frmPost::showEquipment() {
-    cmdPrint286.setCaption("Print OF286");
-    lblCurrentPost.setCaption("Posting Equipment");
-    AdoSelect1.setRecordSource(statements::contractors(session));
-    AdoSelect1.Refresh();
-    AdoSelect2.setRecordSource(statements::equipment(session));
-    AdoSelect2.Refresh();
-    AdoPost.setRecordSource("Select * from ContractorPost Where ContractorPostID=0");
-    AdoPost.Refresh();
-    optType(0).setValue(true);
-    session.gEquipTabOpen = true;
 }
 
 void frmPost::showAccount(int box) {

@@ -81,6 +81,8 @@ protected:
 
 private:
     enum Page { persons = 0, crews = 1, equipment = 2 };
+    /// The numbers of a page's date and hours box; its time boxes have the same numbers.
+    static constexpr int firstBox(int page) { return page * 2; }
     static constexpr const char* dateMask = "99/99/9999";
 
     void makePersonPage();
@@ -100,7 +102,13 @@ private:
     void showCrews();
     void showEquipment();
     void showAccount(int box);
-    void showPostings(const ado::Sql& filter);
+    void openPostings(const ado::Sql& filter, const std::string& sort);
+    void takeCrew(int box);
+    void fRebindCurrentCrew();
+    void showMembers(std::int32_t crew);
+    void chooseType(int type);
+    void fRebindCurrentContractor();
+    void fClearPost(int page);
 
     void takePerson();
     void takeAccount(int box);

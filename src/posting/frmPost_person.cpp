@@ -63,20 +63,24 @@ void frmPost::takePerson() {
 
 void frmPost::fRebindCurrentPerson() {
     const std::int32_t person = currentPerson();
-    showPostings(person > 0 ? "PersonID=" + Sql::of(person) + " and FinalCol = 0" : Sql("PersonID=0"));
+    AdoPost.setRecordSource("Select * from PersonsPost");
+    openPostings(person > 0 ? "PersonID=" + Sql::of(person) + " and FinalCol = 0" : Sql("PersonID=0"),
+                 "ActivityDT, StartTime, StopTime");
+    dbgPersonnelPost.MoveLast();
     if (person > 0)
         fillPremiums(personText("FedCode"));
     const int status = person > 0 ? services::FindListRow(statuses_, 0, personText("PStatus")) : -1;
     lblPersonStatus.setCaption(services::listText(statuses_, status, 1));
 }
 
-void frmPost::showPostings(const Sql& filter) {
-    AdoPost.setRecordSource("Select * from PersonsPost");
-    AdoPost.Refresh();
-    AdoPost.setFilter(filter);
-    AdoPost.setSort("ActivityDT, StartTime, StopTime");
-    dbgPersonnelPost.ReBind();
-    dbgPersonnelPost.MoveLast();
+void frmPost::openPostings(const Sql& filter, const std::string& sort) {
+    ado::Recordset posts;
+    posts.Open(AdoPost.RecordSource(), session.connection());
+    // Before a grid asks for the first row, so that no other rows are read.
+    posts.setFilter(filter);
+    if (!sort.empty())
+        posts.setSort(sort);
+    AdoPost.setRecordset(std::move(posts));
 }
 
 void frmPost::fillPremiums(const std::string& FedCode) {
@@ -138,11 +142,16 @@ void frmPost::LockPersGrid() {
 }
 
 void frmPost::fClearPersonPost() {
-    services::ClearMaskedBox(mskPost(dateBox));
-    cboTime(startBox).setText("");
-    cboTime(stopBox).setText("");
-    cbPost(0).setText("");
-    mskPost(hoursBox).setText("");
+    fClearPost(persons);
+}
+
+void frmPost::fClearPost(int page) {
+    const int first = firstBox(page);
+    services::ClearMaskedBox(mskPost(first));
+    cboTime(first).setText("");
+    cboTime(first + 1).setText("");
+    cbPost(page).setText("");
+    mskPost(first + 1).setText("");
 }
 
 // Saving

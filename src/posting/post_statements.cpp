@@ -95,7 +95,7 @@ Sql equipment(const core::Session& session) {
            "((((L_Status.ZEL)=1) AND " +
            letterTest(session.gContractType) + " AND (qryContractsEquip.IncidentID = " + Sql::of(session.gIncidentID) +
            ") AND ((qryContractsEquip.ParentID)<>-1)) OR ((qryContractsEquip.Status Is Null) OR "
-           "(qryContractsEquip.Status=''))) AND RequestNumber = '-100'";
+           "(qryContractsEquip.Status='')))";
 }
 
 } // namespace zel::posting::statements

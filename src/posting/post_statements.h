@@ -15,7 +15,7 @@ namespace zel::posting::statements {
 /// Members of whatever crew the filter names.
 [[nodiscard]] ado::Sql crewMembers();
 [[nodiscard]] ado::Sql contractors(const core::Session& session);
-/// Contract equipment of the type of gContractType; empty until a contractor is chosen.
+/// Contract equipment of the type of gContractType.
 [[nodiscard]] ado::Sql equipment(const core::Session& session);
 
 } // namespace zel::posting::statements

@@ -1,10 +1,5 @@
-#include "posting/frmPost.h"
-
-#include "core/test_program.h"
-#include "posting/posting_forms.h"
-
 #include "posting/post_columns.h"
-#include "support/rows.h"
+#include "posting/post_screen_test.h"
 
 namespace zel::posting {
 namespace {
@@ -13,58 +8,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The posting screen on an incident with one AD person, one FED person and one without an employment code.
-class PostScreenTest : public core::ProgramTest {
-protected:
-    PostScreenTest() {
-        addPostingForms(session);
-        program.addIncident(7, "BEAR CREEK", "OR-ABC-000123"); // starts 7/1/2005
-        program.addAccount(31, 7, "P6AB12");
-        person(1, "DOE", "AD", "AD-3", "18.20", "31");
-        person(2, "ROE", "FED", "", "0", "0");
-        person(3, "NOCODE", "", "", "0", "31");
-        program.start(GetParam() == ado::EngineKind::Sqlite ? "False" : "");
-        program.run([this] { program.shell().OpenScreen("Post Time", true, 0); });
-        program.dialogs.take();
-        program.statements.clear();
-    }
-    void person(int id, const std::string& name, const std::string& code, const std::string& Class,
-                const std::string& rate, const std::string& account) {
-        const std::string key = std::to_string(id);
-        program.execute("insert into Resources (ResourceID,IncidentID,RequestNumber,Name,KindCode,Status) values (" +
-                        key + ",7,'O-" + key + "','" + name + "','SITL','C')");
-        program.execute("insert into Persons (PersonID,ResourceID,FirstName,LastName,SSN,PStatus,FedCode,KindCode,Area,"
-                        "Class,Rate,AccountingID) values (" +
-                        key + "," + key + ",'JOHN','" + name + "','123456789','C','" + code + "','FFT1','CONUS','" +
-                        Class + "'," + rate + "," + account + ")");
-    }
-    frmPost& screen() { return *program.forms.get<frmPost>("frmPost"); }
-    void choose(const std::string& name) {
-        forms::TDBCombo& list = screen().dbcPersonnel;
-        const auto row = list.findPrefix(name);
-        ASSERT_GE(row, 0) << name;
-        EXPECT_EQ(program.user.pickRow(list, row).refusal, "");
-    }
-    void type(forms::Control& box, const std::string& text) { EXPECT_EQ(program.user.type(box, text).refusal, ""); }
-    void ticket(const std::string& date, const std::string& start, const std::string& stop) {
-        type(screen().mskPost(0), date);
-        type(screen().cboTime(0), start);
-        type(screen().cboTime(1), stop);
-        EXPECT_EQ(program.user.leave(screen().cboTime(1)).refusal, "");
-    }
-    void save() { EXPECT_EQ(program.user.click(screen().cmdSave(0)).refusal, ""); }
-    std::vector<std::string> rows(const std::string& statement) {
-        return test::rowsOf(program.database.connection(), statement);
-    }
-    std::vector<std::string> posts() {
-        return rows("Select PersonID,ActivityDT,StartTime,StopTime,KindCode,PremiumCode,Hours,AccountingID from "
-                    "PersonsPost order by PersonsPostID");
-    }
-    void invoice(const std::string& lastDate) {
-        program.execute("insert into PersonsInvoices (InvoiceID,PersonID,LastDate,Del) values (1,1,'" + lastDate +
-                        "',0)");
-    }
-};
 ZEL_ON_BOTH_ENGINES(PostScreenTest);
 
 TEST_P(PostScreenTest, OpensOnThePersonsWithTheirCaptions) {
@@ -283,97 +226,6 @@ TEST_P(PostScreenTest, OnlyThePersonsOwnRowsAreRead) {
     ASSERT_EQ(screen().dbgPersonnelPost.rowCount(), 2);
     EXPECT_EQ(screen().dbgPersonnelPost.cellText(0, post_column::PersonsPostID), "51");
     EXPECT_EQ(screen().dbgPersonnelPost.row(), 1); // the newest is in sight
-}
-
-class PostGridScreenTest : public PostScreenTest {
-protected:
-    PostGridScreenTest() {
-        program.execute(
-            "insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,StartTime,StopTime,KindCode,Class,Rate,"
-            "PremiumCode,Hours,Amt,AccountingID,InvoiceID,FinalCol) values (50,1,'7/3/2005','1899-12-30 "
-            "08:00:00','1899-12-30 12:00:00','FFT1','AD-3',20,' ',4,0,31,9,0)");
-        program.execute(
-            "insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,StartTime,StopTime,KindCode,Class,Rate,"
-            "PremiumCode,Hours,Amt,AccountingID,FinalCol) values (51,1,'7/4/2005','1899-12-30 "
-            "08:00:00','1899-12-30 12:00:00','FFT1','AD-3',20,' ',4,0,31,0)");
-        choose("DOE");
-    }
-    forms::TDBGrid& grid() { return screen().dbgPersonnelPost; }
-    void edit(const std::string& column, const std::string& text) {
-        EXPECT_EQ(program.user.editCell(grid(), 1, column, text).refusal, "");
-        EXPECT_EQ(program.user.commitRow(grid()).refusal, "");
-    }
-    void deleteRow(std::int64_t row) {
-        EXPECT_EQ(program.user.row(grid(), row).refusal, "");
-        EXPECT_EQ(program.user.click(screen().cmdDelete(0)).refusal, "");
-    }
-};
-ZEL_ON_BOTH_ENGINES(PostGridScreenTest);
-
-TEST_P(PostGridScreenTest, AnInvoicedRowIsRedOnGreyLockedAndStays) {
-    const forms::RowStyle style = grid().rowStyle(0);
-    EXPECT_TRUE(style.locked);
-    EXPECT_EQ(style.foreColor, forms::colors::red);
-    EXPECT_EQ(style.backColor, forms::colors::lightGrey);
-    EXPECT_FALSE(grid().rowStyle(1).locked);
-    EXPECT_NE(program.user.editCell(grid(), 0, "Stop", "18:00").refusal, "");
-    deleteRow(0);
-    const auto box = program.box();
-    EXPECT_EQ(box.text, "Cannot Delete an Invoiced posting.");
-    EXPECT_EQ(box.title, "Cannot Delete");
-    EXPECT_EQ(box.icon, "exclamation");
-    EXPECT_EQ(posts().size(), 2U);
-}
-
-TEST_P(PostGridScreenTest, AFreeRowIsDeletedWithoutAQuestion) {
-    deleteRow(1);
-    EXPECT_THAT(program.dialogs.take(), IsEmpty());
-    EXPECT_EQ(posts().size(), 1U);
-    EXPECT_EQ(grid().rowCount(), 1);
-}
-
-TEST_P(PostGridScreenTest, AnEditedStopIsPaid) {
-    edit("Stop", "18:00");
-    EXPECT_THAT(program.dialogs.take(), IsEmpty());
-    EXPECT_THAT(rows("Select StopTime,Hours,Amt from PersonsPost where PersonsPostID = 51"),
-                ElementsAre("6:00:00 PM|10|220"));
-}
-
-TEST_P(PostGridScreenTest, AnEditAcrossMidnightLeavesTheTwoHalvesInPlaceOfTheRow) {
-    program.dialogs.answer("Yes");
-    edit("Stop", "06:00");
-    EXPECT_EQ(program.box().title, "ZEL: WARNING Posting Spans Midnight");
-    EXPECT_THAT(rows("Select ActivityDT,StartTime,StopTime,Hours from PersonsPost where PersonsPostID <> 50 order by "
-                     "ActivityDT"),
-                ElementsAre("7/4/2005|8:00:00 AM|12:00:00 AM|16", "7/5/2005|12:01:00 AM|6:00:00 AM|6"));
-    EXPECT_FALSE(session.gSplitDone);
-    EXPECT_FALSE(session.Working);
-    EXPECT_EQ(grid().rowCount(), 3);
-}
-
-TEST_P(PostGridScreenTest, ARateAbove100IsAskedAboutAndNoKeepsTheOldOne) {
-    program.dialogs.answer("No");
-    edit("Rate", "150");
-    EXPECT_EQ(program.box().title, "Excess Rate");
-    EXPECT_THAT(rows("Select Rate from PersonsPost where PersonsPostID = 51"), ElementsAre("20"));
-    edit("Rate", "100");
-    EXPECT_THAT(program.dialogs.take(), IsEmpty());
-    EXPECT_THAT(rows("Select Rate from PersonsPost where PersonsPostID = 51"), ElementsAre("100"));
-}
-
-TEST_P(PostGridScreenTest, AGuaranteePaysEightHours) {
-    edit("Special", "COP");
-    EXPECT_THAT(rows("Select PremiumCode,Hours,Amt from PersonsPost where PersonsPostID = 51"), ElementsAre("COP|8|0"));
-}
-
-TEST_P(PostGridScreenTest, AnUnsavedEditIsCommittedBySaveAndNothingIsPosted) {
-    EXPECT_EQ(program.user.editCell(grid(), 1, "Remarks", "late").refusal, "");
-    ASSERT_TRUE(grid().DataChanged());
-    program.run([this] { screen().cmdSave(0).press(); });
-    EXPECT_THAT(program.dialogs.take(), IsEmpty());
-    EXPECT_THAT(rows("Select Remarks from PersonsPost where PersonsPostID = 51"), ElementsAre("late"));
-    EXPECT_TRUE(screen().mskPost(0).hasFocus());
-    EXPECT_EQ(posts().size(), 2U);
 }
 
 TEST_P(PostScreenTest, KeysStepDatesAndTimes) {
