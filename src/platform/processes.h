@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,14 +19,20 @@ public:
                                      const Environment& environment) = 0;
 };
 
-/// The environment of this program with these values in it, one "NAME=value" each.
-[[nodiscard]] std::vector<std::string> environmentWith(const Environment& values);
+/// How a program ended and what it wrote. Of one that a signal ended the status is 128 and the signal's number.
+struct Ended {
+    int status = 0;
+    std::string output, errors;
+};
 
 /// The machine's processes.
 class SystemProcesses final : public Processes {
 public:
     [[nodiscard]] bool start(const std::string& program, const std::vector<std::string>& arguments,
                              const Environment& environment) override;
+    /// Starts a program and waits for its end. Nothing when it cannot be started.
+    [[nodiscard]] static std::optional<Ended> run(const std::string& program, const std::vector<std::string>& arguments,
+                                                  const Environment& environment);
 };
 
 } // namespace zel::platform

@@ -171,6 +171,8 @@ void Parser::style(Line& line, Item& item) {
         item.size = line.size("the size");
     else if (word == "thick")
         item.thickness = line.size("the thickness");
+    else if (word == "last-page" || word == "not-last-page")
+        item.pages = word == "last-page" ? OnPages::Last : OnPages::AllButLast;
     else if (word == "if" || word == "unless") {
         item.condition = line.word("a field");
         item.unless = word == "unless";
@@ -206,6 +208,8 @@ void Parser::line(Line&& line) {
         columns(line);
     else if (word == "sheet")
         layout_.sheet = line.word("a field");
+    else if (word == "new-page")
+        layout_.newPage = line.word("a field");
     else if (word == "subreport")
         layout_.subreportKey = line.word("a field");
     else if (word == "band")

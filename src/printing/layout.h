@@ -23,6 +23,8 @@ private:
 enum class Align { Left, Center, Right };
 /// What becomes of a text that is wider than its place.
 enum class Fit { Shrink, Wrap };
+/// The pages of its sheet that an item stands on.
+enum class OnPages { All, Last, AllButLast };
 
 /// A box, a line or a text of a band. Lengths are inches from the band's left top corner.
 struct Item {
@@ -40,6 +42,7 @@ struct Item {
     /// Printed only when this is true; with `unless`, when it is not. Empty is always.
     std::string condition = {};
     bool unless = false;
+    OnPages pages = OnPages::All;
 };
 
 enum class BandKind {
@@ -78,6 +81,8 @@ struct Layout {
     Columns columns;
     /// A new value of this field begins a sheet, and pages are counted within it.
     std::string sheet;
+    /// A new value of this field begins a page, and the sheet goes on.
+    std::string newPage;
     /// The field by which a row finds its row of the sub-report's source.
     std::string subreportKey;
 

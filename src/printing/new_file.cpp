@@ -33,18 +33,17 @@ bool moveToFreeName(const std::string& file, const std::string& name) {
 
 } // namespace
 
-std::string makeNewPdf(const std::string& folder, std::string name,
-                       const std::function<void(const std::string& path)>& write) {
+std::string makeNewPdf(const std::string& folder, std::string name, std::string_view bytes) {
     std::ranges::replace(name, '/', '-');
     const std::string stem = platform::FixPath(folder) + name;
     const std::string part = platform::FixPath(folder) + "." + name + "." + std::to_string(::getpid()) + ".part";
+    platform::DiskFiles().write(part, bytes);
     try {
-        write(part);
         std::string file = stem + ".pdf";
         for (int number = 2; !moveToFreeName(part, file); ++number)
             file = stem + " (" + std::to_string(number) + ").pdf";
         return file;
-    } catch (...) {
+    } catch (const platform::FileError&) {
         ::unlink(part.c_str());
         throw;
     }

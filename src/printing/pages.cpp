@@ -10,11 +10,17 @@
 
 namespace zel::printing {
 
-const ado::Value& Rows::value(std::size_t row, std::string_view field) const {
+std::optional<std::size_t> Rows::find(std::string_view field) const noexcept {
     for (std::size_t column = 0; column < fields.size(); ++column) {
         if (ado::equalIgnoringCase(fields[column], field))
-            return rows[row][column];
+            return column;
     }
+    return std::nullopt;
+}
+
+const ado::Value& Rows::value(std::size_t row, std::string_view field) const {
+    if (const auto column = find(field))
+        return rows[row][*column];
     throw ado::Error(ado::ErrorKind::State, ado::errors::itemNotFound,
                      "The layout names the field '" + std::string(field) + "', which the report does not read.");
 }
@@ -44,8 +50,17 @@ public:
 
 private:
     [[nodiscard]] double heightOf(BandKind kind, std::string_view group = {}) const;
+    /// Whether the row's value of the field is another than that of the row above.
     [[nodiscard]] bool differs(std::size_t row, std::string_view field) const;
+    [[nodiscard]] bool beginsSheet(std::size_t row) const {
+        return row > 0 && !layout_.sheet.empty() && differs(row, layout_.sheet);
+    }
+    [[nodiscard]] bool beginsPage(std::size_t row) const {
+        return row > 0 && !layout_.newPage.empty() && differs(row, layout_.newPage);
+    }
     void place(const Band* band, double x, double y, const Scope& scope);
+    /// Only what holds no field: the ruling of a place that stays empty.
+    void placeFixed(const Band* band, double x, double y);
     [[nodiscard]] Scope scope(std::size_t row, std::size_t first, std::size_t last) const {
         return {row, first, last, sheetFirst_};
     }
@@ -60,7 +75,11 @@ private:
     void closeGroups(std::size_t level, std::size_t row);
     void openGroups(std::size_t level, std::size_t row);
     void columnRow(std::size_t row);
+    void beginColumn(std::size_t row);
     void endColumn(std::size_t row);
+    void ruleColumn(int column, int usedRows);
+    [[nodiscard]] double columnLeft(int column) const;
+    [[nodiscard]] double rowTop(int row) const;
 
     const Layout& layout_;
     const Rows& rows_;
@@ -91,8 +110,17 @@ void Pager::place(const Band* band, double x, double y, const Scope& scope) {
         if (!text_.shown(item, scope))
             continue;
         Mark mark{item, x + item.x, y + item.y};
-        mark.item.text = text_.fill(item.text, scope);
+        mark.item.text = text_.fill(item, scope);
         pages_.back().push_back(std::move(mark));
+    }
+}
+
+void Pager::placeFixed(const Band* band, double x, double y) {
+    if (band == nullptr)
+        return;
+    for (const Item& item : band->items) {
+        if (text_.isFixed(item))
+            pages_.back().push_back({item, x + item.x, y + item.y});
     }
 }
 
@@ -112,6 +140,8 @@ void Pager::startPage(std::size_t row) {
 
 void Pager::endPage(std::size_t row) {
     endColumn(row);
+    for (int column = column_ + 1; column < layout_.columns.count; ++column)
+        ruleColumn(column, 0);
     // The footer speaks of the last row that the page shows.
     const std::size_t shown = row > pageFirst_ ? row - 1 : pageFirst_;
     place(layout_.band(BandKind::PageFooter), layout_.margin,
@@ -119,12 +149,19 @@ void Pager::endPage(std::size_t row) {
     pageOpen_ = false;
 }
 
-/// Fills in the numbers of the sheet's pages.
+/// Fills in the numbers of the sheet's pages, and takes away what belongs to its last page only, or to the others.
 void Pager::endSheet(std::size_t row) {
     endPage(row);
     const std::size_t count = pages_.size() - sheetFirstPage_;
+    constexpr char marks[] = {pageMark, pagesMark, '\0'};
     for (std::size_t page = sheetFirstPage_; page < pages_.size(); ++page) {
+        const bool last = page + 1 == pages_.size();
+        std::erase_if(pages_[page], [last](const Mark& mark) {
+            return mark.item.pages == (last ? OnPages::AllButLast : OnPages::Last);
+        });
         for (Mark& mark : pages_[page]) {
+            if (mark.item.text.find_first_of(marks) == std::string::npos)
+                continue;
             std::string numbered;
             for (const char c : mark.item.text) {
                 if (c == pageMark)
@@ -180,14 +217,16 @@ void Pager::flowRow(std::size_t row) {
         if (differs(row, groups_[level]))
             changed = level;
     }
-    const bool newSheet = row > 0 && !layout_.sheet.empty() && differs(row, layout_.sheet);
-    if (newSheet)
+    const bool newSheet = beginsSheet(row), newPage = newSheet || beginsPage(row);
+    if (newPage)
         changed = 0;
     if (row > 0)
         closeGroups(changed, row);
     if (newSheet) {
         endSheet(row);
         sheetFirst_ = row;
+    } else if (newPage) {
+        endPage(row);
     }
     if (!pageOpen_)
         startPage(row);
@@ -195,38 +234,58 @@ void Pager::flowRow(std::size_t row) {
     flow(BandKind::Details, {}, row, row, row + 1);
 }
 
+double Pager::columnLeft(int column) const {
+    return layout_.margin + column * layout_.columns.width;
+}
+
+double Pager::rowTop(int row) const {
+    return y_ + heightOf(BandKind::ColumnHeader) + row * heightOf(BandKind::Details);
+}
+
+/// Rules what is left of a column, all of it when no row stands in it.
+void Pager::ruleColumn(int column, int usedRows) {
+    for (int row = usedRows; row < layout_.columns.rows; ++row)
+        placeFixed(layout_.band(BandKind::Details), columnLeft(column), rowTop(row));
+    if (usedRows > 0)
+        return;
+    placeFixed(layout_.band(BandKind::ColumnHeader), columnLeft(column), y_);
+    placeFixed(layout_.band(BandKind::ColumnFooter), columnLeft(column), rowTop(layout_.columns.rows));
+}
+
 void Pager::endColumn(std::size_t row) {
     if (column_ < 0)
         return;
-    const double top = y_ + heightOf(BandKind::ColumnHeader) + layout_.columns.rows * heightOf(BandKind::Details);
-    place(layout_.band(BandKind::ColumnFooter), layout_.margin + column_ * layout_.columns.width, top,
+    ruleColumn(column_, rowInColumn_);
+    place(layout_.band(BandKind::ColumnFooter), columnLeft(column_), rowTop(layout_.columns.rows),
           scope(row - 1, columnFirst_, row));
 }
 
+void Pager::beginColumn(std::size_t row) {
+    if (column_ + 1 == layout_.columns.count) {
+        endPage(row);
+        startPage(row);
+    } else {
+        endColumn(row);
+    }
+    ++column_;
+    rowInColumn_ = 0;
+    columnFirst_ = row;
+    place(layout_.band(BandKind::ColumnHeader), columnLeft(column_), y_, scope(row, row, row));
+}
+
 void Pager::columnRow(std::size_t row) {
-    if (row > 0 && !layout_.sheet.empty() && differs(row, layout_.sheet)) {
+    if (beginsSheet(row)) {
         endSheet(row);
         sheetFirst_ = row;
+    } else if (beginsPage(row)) {
+        endPage(row);
     }
     if (!pageOpen_)
         startPage(row);
     const bool fits = column_ >= 0 && rowInColumn_ < layout_.columns.rows && !differs(row, layout_.columns.key);
-    if (!fits) {
-        if (column_ + 1 == layout_.columns.count) {
-            endPage(row);
-            startPage(row);
-        } else {
-            endColumn(row);
-        }
-        ++column_;
-        rowInColumn_ = 0;
-        columnFirst_ = row;
-        place(layout_.band(BandKind::ColumnHeader), layout_.margin + column_ * layout_.columns.width, y_,
-              scope(row, row, row));
-    }
-    place(layout_.band(BandKind::Details), layout_.margin + column_ * layout_.columns.width,
-          y_ + heightOf(BandKind::ColumnHeader) + rowInColumn_++ * heightOf(BandKind::Details),
-          scope(row, row, row + 1));
+    if (!fits)
+        beginColumn(row);
+    place(layout_.band(BandKind::Details), columnLeft(column_), rowTop(rowInColumn_++), scope(row, row, row + 1));
 }
 
 std::vector<Page> Pager::run() {

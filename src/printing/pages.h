@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,8 @@ struct Rows {
     std::vector<std::string> fields;
     std::vector<std::vector<ado::Value>> rows;
 
+    /// Where a field stands.
+    [[nodiscard]] std::optional<std::size_t> find(std::string_view field) const noexcept;
     /// The field of a row; names ignore case, and of two with one name the first is meant. Throws ado::Error 3265.
     [[nodiscard]] const ado::Value& value(std::size_t row, std::string_view field) const;
     [[nodiscard]] static Rows of(ado::Recordset& records);

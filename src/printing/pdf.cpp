@@ -2,18 +2,40 @@
 
 #include "platform/files.h"
 #include "printing/paint.h"
+#include "printing/remarks.h"
 
 #include <QBuffer>
 #include <QByteArray>
+#include <QGuiApplication>
 #include <QMarginsF>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 
+#include <cstdlib>
+
 namespace zel::printing {
+
+namespace {
+
+/// Fonts need an application, and a program without windows has none.
+void needApplication() {
+    if (QCoreApplication::instance() != nullptr)
+        return;
+    dropRemarks();
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    static int count = 1;
+    static char name[] = "zel";
+    static char* words[] = {name, nullptr};
+    static const auto* application = new QGuiApplication(count, words); // lives as long as the fonts
+    (void)application;
+}
+
+} // namespace
 
 std::string pdfOf(const std::string& title, const Layout& layout, const std::vector<Page>& pages,
                   const std::function<void(std::size_t done)>& progress) {
+    needApplication();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);

@@ -9,7 +9,7 @@
 namespace zel::printing {
 
 /// The pages as a PDF with embedded fonts and text that can be selected. `progress` is told of each page done.
-/// Needs a QGuiApplication.
+/// Where no Qt application runs, one without a display is made for good.
 [[nodiscard]] std::string pdfOf(const std::string& title, const Layout& layout, const std::vector<Page>& pages,
                                 const std::function<void(std::size_t done)>& progress = {});
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace zel::core {
 class Session;
@@ -43,6 +44,8 @@ public:
     virtual void tick(std::int64_t milliseconds) = 0;
     /// A new command of the script: what was counted of the last one is forgotten.
     virtual void beginCommand() = 0;
+    /// The files of what was printed since the last call.
+    [[nodiscard]] virtual std::vector<std::string> takePrinted() { return {}; }
     /// Sees each statement as composed, on every connection that is opened from now on and on the present one.
     virtual void observeStatements(std::function<void(const std::string&)> observer) = 0;
 };

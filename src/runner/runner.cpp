@@ -103,6 +103,8 @@ bool Runner::runLine(const std::string& text) {
     answer.merge(outcomeLine(command_, error));
     answer.merge(std::move(results));
     answer.set("boxes", takeBoxes());
+    if (Json::Array files = takePrinted(); !files.empty())
+        answer.set("printed", std::move(files));
     if (!formCommands_.empty())
         answer.set("commands", std::move(formCommands_));
     if (context_.showStatements)
@@ -154,6 +156,11 @@ Json Runner::takeBoxes() {
     if (!shown.empty())
         context_.lastBoxes = std::move(shown);
     return lines;
+}
+
+Json::Array Runner::takePrinted() {
+    const std::vector<std::string> files = context_.program.takePrinted();
+    return {files.begin(), files.end()};
 }
 
 void Runner::writeStuck(const std::string& why) {

@@ -27,6 +27,8 @@ private:
     void runFormCommands(forms::Form& form, const std::string& commands);
     /// The boxes that the line brought, kept for expect-box.
     Json takeBoxes();
+    /// The files of what the line printed.
+    Json::Array takePrinted();
     void write(const Json& answer);
 
     Context context_;

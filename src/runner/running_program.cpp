@@ -22,7 +22,7 @@ constexpr std::int64_t turnLimit = 10'000'000;
 
 RunningProgram::RunningProgram(const Options& options)
     : suite_(program::makeSuite()), session_(program::describe(program::programFolder(options.home)),
-                                             {forms_, dialogs_, clock_, files_, processes_, *suite_}) {
+                                             {forms_, dialogs_, clock_, files_, printing_, *suite_}) {
     program::addScreens(session_);
     session_.frontEnd.DoEvents = [this] { doEvents(); };
     if (!options.now.empty()) {
@@ -33,8 +33,16 @@ RunningProgram::RunningProgram(const Options& options)
     }
     if (!options.database.empty())
         core::SaveSetting(session_, "DBSPath", std::filesystem::absolute(options.database).string());
-    if (!options.out.empty())
-        files_.makeFolder(std::filesystem::absolute(options.out).string());
+    if (options.out.empty())
+        return;
+    const std::string folder = std::filesystem::absolute(options.out).string();
+    files_.makeFolder(folder);
+    printing_.printInto(folder);
+    printing_.connect(session_);
+    printing_.failed = [this](const std::string& why) {
+        if (dialogs_.complain)
+            dialogs_.complain(why);
+    };
 }
 
 void RunningProgram::start(const std::string& commandLine) {

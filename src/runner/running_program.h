@@ -4,9 +4,9 @@
 #include "core/suite.h"
 #include "forms/form_registry.h"
 #include "platform/files.h"
-#include "platform/processes.h"
 #include "platform/single_instance.h"
 #include "runner/options.h"
+#include "runner/printing.h"
 #include "runner/program.h"
 #include "runner/runner_clock.h"
 #include "runner/runner_dialogs.h"
@@ -31,14 +31,15 @@ public:
     void tick(std::int64_t milliseconds) override { clock_.pass(milliseconds); }
     void observeStatements(std::function<void(const std::string&)> observer) override;
     void beginCommand() override;
+    [[nodiscard]] std::vector<std::string> takePrinted() override { return printing_.take(); }
 
 private:
     void doEvents();
 
     RunnerClock clock_;
     platform::DiskFiles files_;
-    platform::SystemProcesses processes_;
     RunnerDialogs dialogs_;
+    Printing printing_{dialogs_};
     forms::FormRegistry forms_{dialogs_, clock_.timers()};
     std::unique_ptr<core::Suite> suite_;
     core::Session session_;

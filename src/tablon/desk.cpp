@@ -15,6 +15,8 @@
 #include <iostream>
 #include <memory>
 
+#include <unistd.h>
+
 namespace zel::tablon {
 
 namespace {
@@ -35,7 +37,8 @@ QMessageBox::Icon iconOf(forms::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// Tells how far a long print is: in a window that comes when it takes more than a moment, or in lines.
+/// Tells how far a long print is: in a window that comes when it takes more than a moment, or in
+/// lines where somebody reads them.
 class Progress {
 public:
     Progress(bool window, std::size_t pages) : pages_(pages) {
@@ -47,7 +50,7 @@ public:
     void operator()(std::size_t done) {
         if (window_)
             window_->setValue(static_cast<int>(done));
-        else if (sinceLine_.elapsed() > 1000) {
+        else if (inLines_ && sinceLine_.elapsed() > 1000) {
             std::cerr << "Tablon: page " << done << " of " << pages_ << std::endl;
             sinceLine_.restart();
         }
@@ -55,6 +58,7 @@ public:
 
 private:
     std::size_t pages_;
+    bool inLines_ = false;
     std::unique_ptr<QProgressDialog> window_;
     QElapsedTimer sinceLine_;
 };
@@ -91,16 +95,14 @@ forms::Answer Desk::showMessage(const forms::MessageBox& box) {
 void Desk::print(const std::string& name, const std::string& title, const printing::Layout& layout,
                  const std::vector<printing::Page>& pages) {
     Progress progress(windows_, pages.size());
-    const std::string file =
-        printing::makeNewPdf(folder_.empty() ? privateFolder() : folder_, name, [&](const std::string& path) {
-            printing::writePdf(path, title, layout, pages, [&progress](std::size_t done) { progress(done); });
-        });
+    const std::string bytes = printing::pdfOf(title, layout, pages, [&progress](std::size_t done) { progress(done); });
+    const std::string file = printing::makeNewPdf(folder_.empty() ? privateFolder() : folder_, name, bytes);
+    std::cout << file << std::endl;
     if (folder_.empty())
         view(file);
 }
 
 void Desk::view(const std::string& file) {
-    std::cout << file << std::endl;
     if (windows_ && !QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file))))
         message("The form is ready, but no program on this desktop shows PDF files:\r\n" + file, "Tablon: Report",
                 forms::Buttons::OK, forms::Icon::Exclamation);

@@ -1,3 +1,4 @@
+#include "printing/remarks.h"
 #include "tablon/desk.h"
 #include "tablon/tablon.h"
 
@@ -24,18 +25,12 @@ std::string programFolder() {
     return std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path().string();
 }
 
-/// What Qt remarks about the desktop means nothing to a clerk, and would stand among what this program says.
-void dropRemarks(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::cerr << text.toStdString() << std::endl;
-}
-
 } // namespace
 
 int main(int count, char** words) {
     const std::string folder = environment("ZEL_PRINT_DIR");
     const bool windows = choosePlatform(!folder.empty());
-    qInstallMessageHandler(dropRemarks);
+    zel::printing::dropRemarks();
     QApplication application(count, words);
     QApplication::setApplicationName(QStringLiteral("Tablon"));
     if (QApplication::arguments().size() != 2) {

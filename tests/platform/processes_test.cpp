@@ -45,5 +45,28 @@ TEST(SystemProcesses, AProgramThatIsNotThereIsToldAtOnce) {
     EXPECT_FALSE(processes.start(folder / "text", {"x"}, {}));
 }
 
+/// Runs a shell script as a program.
+std::optional<Ended> runScript(const ScratchFolder& folder, const std::string& script,
+                               const Environment& environment = {}) {
+    folder.put("script", "#!/bin/sh\n" + script + "\n");
+    ::chmod((folder / "script").c_str(), 0755);
+    return SystemProcesses::run(folder / "script", {"a b"}, environment);
+}
+
+TEST(SystemProcesses, AProgramThatIsWaitedForTellsHowItEndedAndWhatItWrote) {
+    const ScratchFolder folder;
+    const auto ended = runScript(folder, "echo \"$1 $ZEL_TEST_NEW\"; echo no >&2; exit 4", {{"ZEL_TEST_NEW", "new"}});
+    ASSERT_TRUE(ended);
+    EXPECT_EQ(ended->status, 4);
+    EXPECT_EQ(ended->output, "a b new\n");
+    EXPECT_EQ(ended->errors, "no\n");
+}
+
+TEST(SystemProcesses, AProgramThatASignalEndsHasItsNumberInTheStatus) {
+    const ScratchFolder folder;
+    EXPECT_EQ(runScript(folder, "kill -KILL $$")->status, 128 + 9);
+    EXPECT_FALSE(SystemProcesses::run(folder / "none", {}, {}));
+}
+
 } // namespace
 } // namespace zel::platform

@@ -113,5 +113,80 @@ TEST(PagesTest, ColumnsStandSideBySideAndPagesAreCountedBySheet) {
     EXPECT_DOUBLE_EQ(pages[0][7].y, 0.5 + 1 + 0.2 + 2 * 0.2);
 }
 
+/// What a text of a details band makes of one row.
+std::string filled(const std::string& text, const ReportData& data) {
+    return texts(
+        makePages(parseLayout("subreport Name\nband details 0.2\n text 0 0 1 1 \"" + text + "\""), data)[0])[0];
+}
+
+TEST(PagesTest, WhatStandsInBracketsGoesWhenAFieldInItIsEmpty) {
+    ReportData data;
+    data.main.fields = {"Name", "City", "State", "Zip"};
+    data.main.rows = {{"A", "SISTERS", "OR", ado::Value()}};
+    EXPECT_EQ(filled("{City}[, {State}][ {Zip}]", data), "SISTERS, OR");
+    data.main.rows = {{"A", "SISTERS", "", "97759"}};
+    EXPECT_EQ(filled("{City}[, {State}][ {Zip}]", data), "SISTERS 97759");
+    EXPECT_EQ(filled("[{City}, {State}][ and no more]", data), " and no more");
+}
+
+TEST(PagesTest, ATimeThatEndsSomethingShowsMidnightAsTheEndOfTheDay) {
+    ReportData data;
+    data.main.fields = {"Name", "Stop"};
+    data.main.rows = {{"A", ado::DateTime(0)}};
+    EXPECT_EQ(filled("{Stop:24:00} {Stop:hh:nn}", data), "24:00 00:00");
+    data.main.rows = {{"A", ado::DateTime(0.25)}};
+    EXPECT_EQ(filled("{Stop:24:00}", data), "06:00");
+    data.main.rows = {{"A", ado::Value()}};
+    EXPECT_EQ(filled("{Stop:24:00}", data), "");
+}
+
+TEST(PagesTest, ADifferenceOfMoneyIsExactAndNothingIsNought) {
+    ReportData data;
+    data.main.fields = {"Name", "Amount"};
+    data.main.rows = {{"A", ado::Currency::fromDecimal("0.3")}};
+    data.subreport.fields = {"Name", "Debit"};
+    EXPECT_EQ(filled("{total Amount - sub Debit:$0.00;($0.00)}", data), "$0.30");
+    data.subreport.rows = {{"A", ado::Currency::fromDecimal("0.4")}};
+    EXPECT_EQ(filled("{total Amount - sub Debit:$0.00;($0.00)}", data), "($0.10)");
+}
+
+TEST(PagesTest, AColumnsSheetIsRuledToItsEnd) {
+    const auto pages =
+        makePages(parseLayout("columns 2 1 2 Name\nband column-header 0.2\n text 0 0 1 1 \"head {Name}\"\n"
+                              " text 0 0 1 1 \"Date\"\nband details 0.2\n text 0 0 1 1 \"{Hours}\"\n"
+                              " box 0 0 1 0.2\nband column-footer 0.2\n text 0 0 1 1 \"{sum Hours}\"\n"
+                              " text 0 0 1 1 \"Hours\""),
+                  hours({{"A", 1}}));
+    ASSERT_EQ(pages.size(), 1U);
+    EXPECT_THAT(texts(pages[0]), ElementsAre("head A", "Date", "1", "", "", "1", "Hours", "", "", "Date", "Hours"));
+    EXPECT_DOUBLE_EQ(pages[0][4].y, 0.5 + 0.2 + 0.2); // the box of the row that stays empty
+    EXPECT_DOUBLE_EQ(pages[0][8].x, 1.5);             // and that of the second column's last row
+}
+
+TEST(PagesTest, SomeThingsStandOnTheLastPageOfASheetOnly) {
+    const auto pages = makePages(
+        parseLayout("sheet Name\ncolumns 1 1 1 Hours\nband details 0.2\nband page-footer 0.2\n"
+                    " text 0 0 1 1 \"all {total Hours}\" last-page\n text 0 0 1 1 \"continued\" not-last-page"),
+        hours({{"A", 1}, {"A", 2}, {"B", 4}}));
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_THAT(texts(pages[0]), ElementsAre("continued"));
+    EXPECT_THAT(texts(pages[1]), ElementsAre("all 3"));
+    EXPECT_THAT(texts(pages[2]), ElementsAre("all 4"));
+}
+
+TEST(PagesTest, ANewValueCanBeginAPageOfTheSameSheet) {
+    ReportData data;
+    data.main.fields = {"Name", "Place"};
+    data.main.rows = {{"A", "X"}, {"A", "Y"}, {"B", "Y"}};
+    const char* bands = "band page-header 0.2\n text 0 0 1 1 \"{Name} {Place} {page} of {pages}\"\nband details 0.2\n";
+    for (const std::string columns : {"", "columns 2 1 5 Name\n"}) {
+        const auto pages = makePages(parseLayout("sheet Name\nnew-page Place\n" + columns + bands), data);
+        ASSERT_EQ(pages.size(), 3U);
+        EXPECT_THAT(texts(pages[0]), ElementsAre("A X 1 of 2"));
+        EXPECT_THAT(texts(pages[1]), ElementsAre("A Y 2 of 2"));
+        EXPECT_THAT(texts(pages[2]), ElementsAre("B Y 1 of 1"));
+    }
+}
+
 } // namespace
 } // namespace zel::printing

@@ -64,40 +64,6 @@ TEST_P(PdfTest, CommissaryChargesShowTheRowsAndTheirSums) {
     EXPECT_THAT(outputOf("pdffonts '" + file() + "'"), testing::ContainsRegex("DejaVuSans .*Identity-H +yes"));
 }
 
-TEST_P(PdfTest, TheTimeReportHasASheetForEachPersonAndCutsOffNoRow) {
-    execute("insert into Incidents (IncidentID,IncidentName) values (1,'BEAR CREEK')");
-    execute("insert into AccountingCodes (AccountingID,IncidentID,AccountingCode) values (3,1,'P1-ABC')");
-    execute("insert into Resources (ResourceID,IncidentID,RequestNumber) values (5,1,'O-12')");
-    execute("insert into Persons (PersonID,ResourceID,LastName,FirstName,ReturnTravelYN) values (9,5,'SMITH','PAT',1)");
-    execute("insert into PersonsDebit (PersonsDebitID,PersonID,Amt) values (1,9,12.5)");
-    for (int i = 1; i <= 100; ++i)
-        execute("insert into PersonsPost (PersonsPostID,PersonID,AccountingID,ActivityDT,StartTime,StopTime,Hours,"
-                "Column288,RptOrder) values (" +
-                std::to_string(i) + ",9,3,'7/4/2005','8:00:00 AM','4:15:00 PM',8.25,1," + std::to_string(i) + ")");
-    program().files.makeFolder((program().folder / "Reports").string());
-    program().files.write((program().folder / "Reports/OF288.rpt").string(),
-                          program().files.read(ZEL_REPORTS "/OF288.rpt").value());
-    session().gIncidentID = 1;
-    session().gCurrentPersonID = 9;
-    reports::modRpt engine(session());
-    ASSERT_TRUE(engine.GetSQLRS(6));
-    const Layout layout = parseLayout(engine.crxReport->text);
-    const ReportData data{Rows::of(*engine.rsRpt), Rows::of(*engine.rsRptSub), engine.crxReport->parameters};
-    const auto pages = makePages(layout, data);
-    EXPECT_EQ(pages.size(), 2U); // four columns of twenty rows on the first
-    writePdf(file(), "OF-288", layout, pages);
-    const std::string text = outputOf("pdftotext -layout '" + file() + "' -");
-    for (const char* part :
-         {"SMITH, PAT", "P1-ABC", "DRAFT", "$12.50", "1 of 2", "2 of 2", "165.00", "660.00", "825.00"})
-        EXPECT_THAT(text, HasSubstr(part));
-    EXPECT_THAT(text, testing::ContainsRegex("\\bNO\\b"));
-    EXPECT_THAT(text, testing::ContainsRegex("\\bYES\\b"));
-    std::size_t stops = 0;
-    for (std::size_t at = text.find("16:15"); at != std::string::npos; at = text.find("16:15", at + 1))
-        ++stops;
-    EXPECT_EQ(stops, 100U);
-}
-
 TEST_P(PdfTest, ATextThatIsTooLongIsPrintedWhole) {
     const Layout layout =
         parseLayout("band details 0.5\n text 0 0 1 0.2 \"a name that is much too long for its place\"\n"

@@ -12,6 +12,8 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <tuple>
+#include <utility>
 
 namespace zel::test {
 
@@ -31,6 +33,19 @@ void writeFile(const fs::path& file, const std::string& text) {
 void replaceAll(std::string& text, const std::string& what, const std::string& with) {
     for (auto at = text.find(what); !what.empty() && at != std::string::npos; at = text.find(what, at + with.size()))
         text.replace(at, what.size(), with);
+}
+
+/// Exit status and output of a command.
+std::pair<int, std::string> outputOf(const std::string& command) {
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (pipe == nullptr)
+        throw std::runtime_error("cannot run " + command);
+    std::string output;
+    std::array<char, 4096> block{};
+    for (std::size_t got = 0; (got = std::fread(block.data(), 1, block.size(), pipe)) > 0;)
+        output.append(block.data(), got);
+    const int ended = ::pclose(pipe);
+    return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, output};
 }
 
 } // namespace
@@ -70,16 +85,30 @@ std::string ProgramRun::run(const std::string& script) {
     const std::string command =
         fmt::format("PGUSER={} timeout 120 '{}' --home '{}' --now 2005-07-15T08:00:00 --out '{}' '{}' 2>&1", serverUser,
                     ZEL_RUN, (folder_ / "zel").string(), folder_.string(), (folder_ / "script.zel").string());
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (pipe == nullptr)
-        throw std::runtime_error("cannot start zel-run");
     std::string output;
-    std::array<char, 4096> block{};
-    for (std::size_t got = 0; (got = std::fread(block.data(), 1, block.size(), pipe)) > 0;)
-        output.append(block.data(), got);
-    const int ended = ::pclose(pipe);
-    status_ = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
+    std::tie(status_, output) = outputOf(command);
     return named(std::move(output));
+}
+
+void ProgramRun::installReports() const {
+    fs::create_directories(folder_ / "zel" / "reports");
+    fs::create_symlink(ZEL_TABLON, folder_ / "zel" / "reports" / "Tablon.exe");
+    fs::copy(ZEL_REPORTS, folder_ / "zel" / "Reports");
+}
+
+void ProgramRun::installReportsScript(const std::string& script) const {
+    const fs::path program = folder_ / "zel" / "reports" / "Tablon.exe";
+    fs::create_directories(program.parent_path());
+    writeFile(program, "#!/bin/sh\n" + script + "\n");
+    fs::permissions(program, fs::perms::owner_exec, fs::perm_options::add);
+}
+
+void ProgramRun::forbidReports() const {
+    fs::permissions(folder_ / "zel" / "reports" / "Tablon.exe", fs::perms::owner_read);
+}
+
+std::string ProgramRun::printed(const std::string& name) const {
+    return outputOf(fmt::format("pdftotext -layout '{}' -", (folder_ / name).string())).second;
 }
 
 void ProgramRun::removeDatabase() const {

@@ -18,6 +18,14 @@ public:
     /// Runs a script in which `start False` means the engine at hand. Gives what was written, with the folder as
     /// `{home}` and the database as `{database}`.
     std::string run(const std::string& script);
+    /// Puts the reporting program and the layouts into the program folder.
+    void installReports() const;
+    /// Puts a shell script where the reporting program stands.
+    void installReportsScript(const std::string& script) const;
+    /// The reporting program may not be run any more.
+    void forbidReports() const;
+    /// What was printed, as text; the file's name as the runner tells it.
+    [[nodiscard]] std::string printed(const std::string& name) const;
     /// The program folder.
     [[nodiscard]] std::string home() const { return (folder_ / "zel").string(); }
     /// Takes the database file away.

@@ -40,7 +40,7 @@ std::string caseName(const testing::TestParamInfo<Case>& info) {
 }
 
 /// NAME.zel with what it answers in NAME.expected and, where it is there, the settings it leaves in NAME.ini; each as
-/// NAME.ENGINE.... where the engines differ.
+/// NAME.ENGINE.... where the engines differ. The scripts whose names begin with "print-" find the reporting program.
 class Script : public testing::TestWithParam<Case> {
 protected:
     /// What came out, in the folder that the test runs in, to be looked at and put in place when it is right.
@@ -58,6 +58,8 @@ protected:
 
 TEST_P(Script, answers_as_expected) {
     ProgramRun program(std::get<1>(GetParam()));
+    if (std::get<0>(GetParam()).starts_with("print-"))
+        program.installReports();
     const auto answers = program.run(readFile(file(".zel")));
     keep(answers, ".actual");
     EXPECT_THAT(lines(answers), testing::ElementsAreArray(lines(readFile(file(".expected")))));

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 
 #include <sys/wait.h>
 
@@ -51,11 +52,95 @@ protected:
 ZEL_ON_BOTH_ENGINES(TablonProgramTest);
 
 TEST_P(TablonProgramTest, WritesTheFormIntoTheFolderAndOverwritesNothing) {
-    EXPECT_THAT(run(argument("P11")), testing::Pair(0, ""));
-    EXPECT_THAT(run(argument("P11")), testing::Pair(0, ""));
-    EXPECT_THAT(run(argument("0")), testing::Pair(0, ""));
+    const std::string folderName = (folder / "out").string();
+    EXPECT_THAT(run(argument("P11")), testing::Pair(0, folderName + "/OF-288 P11.pdf\n"));
+    EXPECT_THAT(run(argument("P11")), testing::Pair(0, folderName + "/OF-288 P11 (2).pdf\n"));
+    EXPECT_THAT(run(argument("0")), testing::Pair(0, folderName + "/OF-288 all.pdf\n"));
     EXPECT_THAT(files(), ElementsAre("OF-288 P11 (2).pdf", "OF-288 P11.pdf", "OF-288 all.pdf"));
     EXPECT_THAT(textOf("OF-288 P11.pdf"), HasSubstr("SMITH, PAT"));
+}
+
+/// Words of a text, parted by one blank, so that the places on the page do not matter.
+std::string words(const std::string& text) {
+    std::istringstream in(text);
+    std::string all;
+    for (std::string word; in >> word;)
+        all += word + " ";
+    return all;
+}
+
+TEST_P(TablonProgramTest, TheFormShowsWhoWorkedWhereAndWhatIsPaid) {
+    execute(
+        "update Persons set SSN='123456789', MailAddr1='12 HILL ROAD', City='SISTERS', State='OR', ZipCode='97759', "
+        "PointOfHire='REDMOND, OR', InitEmployYN=1, Remarks='HOME BY BUS' where PersonID=11");
+    execute("insert into PersonsDebit (PersonsDebitID,PersonID,Amt) values (1,11,12.5)");
+    execute("insert into PersonsDebit (PersonsDebitID,PersonID,Amt) values (2,11,30)");
+    execute("insert into PersonsDebit (PersonsDebitID,PersonID,Amt) values (3,12,99)");
+    post(102, 11, 5, "18:00", "00:00", 6, "1,'CRWB','AD-C',21.16");
+    post(103, 11, 6, "00:01", "06:00", 6, "1,'CRWB','AD-C',21.16");
+    post(104, 11, 7, "08:00", "12:15", 4.25, "2,'FFT2','AD-B',18.20");
+    ASSERT_EQ(run(argument("P11", 6, "True")).first, 0);
+    const std::string text = words(textOf("OF-288 P11.pdf"));
+    for (const char* part : {"SMITH, PAT 123-45-6789 AD YES 1 of 1",
+                             "12 HILL ROAD",
+                             "REDMOND, OR",
+                             "SISTERS, OR 97759",
+                             "BEAR CREEK",
+                             "OR-ABC-000123",
+                             "SISTERS, OR",
+                             "C-7",
+                             "FFT2",
+                             "HOME BY BUS",
+                             "ORIGINAL",
+                             "Account P6ABC1",
+                             "Account P6XYZ2",
+                             "Kind FFT2 15. Kind CRWB 15. Kind FFT2",
+                             "Class AD-B 16. Class AD-C 16. Class AD-B",
+                             "Rate $18.20 17. Rate $21.16 17. Rate $18.20",
+                             "07/04/05 08:00 16:00 8.00 07/05/05 18:00 24:00 6.00 07/07/05 08:00 12:15 4.25",
+                             "07/06/05 00:01 06:00 6.00",
+                             "19. Hours 8.00 19. Hours 12.00 19. Hours 4.25",
+                             "20. Amount $145.60 20. Amount $253.92 20. Amount $77.35",
+                             "24.25 $476.87 24.25 $476.87 $42.50 $434.37"})
+        EXPECT_THAT(text, HasSubstr(part));
+    EXPECT_THAT(text, testing::Not(HasSubstr("DRAFT")));
+}
+
+TEST_P(TablonProgramTest, NothingIsCutOffAtSixtyRowsAndMore) {
+    for (int i = 0; i < 149; ++i)
+        post(200 + i, 11, 5 + i / 6, "0" + std::to_string(i % 6 + 1) + ":00", "0" + std::to_string(i % 6 + 1) + ":45",
+             0.75);
+    ASSERT_EQ(run(argument("P11")).first, 0);
+    const std::string text = textOf("OF-288 P11.pdf");
+    std::size_t stops = 0;
+    for (std::size_t at = text.find(":45 "); at != std::string::npos; at = text.find(":45 ", at + 1))
+        ++stops;
+    EXPECT_EQ(stops, 149U);
+    const std::string flat = words(text);
+    EXPECT_THAT(flat, HasSubstr("1 of 2"));
+    EXPECT_THAT(flat, HasSubstr("continued continued continued continued"));
+    EXPECT_THAT(flat, HasSubstr("2 of 2"));
+    EXPECT_THAT(flat, HasSubstr("119.75 $2,179.45")); // 8 + 149 * 0.75 hours
+}
+
+TEST_P(TablonProgramTest, AnAddressThatIsNotThereLeavesNoComma) {
+    ASSERT_EQ(run(argument("P11")).first, 0);
+    EXPECT_THAT(words(textOf("OF-288 P11.pdf")), HasSubstr("8. Return Travel NO 9. Incident Name"));
+}
+
+TEST_P(TablonProgramTest, LongNamesAreWhole) {
+    execute("update Persons set LastName='ABCDEFGHIJKLMNOPQRSTUVWXYZABCD', FirstName='ABCDEFGHIJKLMNOPQRST', "
+            "PointOfHire='THE OLD RANGER STATION BEHIND THE SECOND BRIDGE ON THE ROAD TO THE UPPER LAKES' where "
+            "PersonID=11");
+    execute(
+        "update AccountingCodes set AccountingCode='0123456789012345678901234567890123456789012345678901234567891234'"
+        " where AccountingID=1");
+    ASSERT_EQ(run(argument("P11")).first, 0);
+    const std::string text = words(textOf("OF-288 P11.pdf"));
+    EXPECT_THAT(text, HasSubstr("ABCDEFGHIJKLMNOPQRSTUVWXYZABCD, ABCDEFGHIJKLMNOPQRST"));
+    EXPECT_THAT(text, HasSubstr("0123456789012345678901234567890123456789012345678901234567891234"));
+    for (const char* word : {"RANGER", "SECOND", "UPPER", "LAKES"})
+        EXPECT_THAT(text, HasSubstr(word));
 }
 
 TEST_P(TablonProgramTest, TellsInALineWhereThereAreNoWindows) {
