@@ -53,9 +53,13 @@ set(CPACK_PACKAGE_NAME ${ZEL_PACKAGE})
 set(CPACK_PACKAGE_VENDOR "Zelmark Hour Ledger developers")
 set(CPACK_PACKAGE_CONTACT "Zelmark Hour Ledger developers <developers@zelmark.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "time keeping for people and equipment on incidents")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "The Zelmark Hour Ledger records who and what works on an incident, posts hours and use day by\
- day, keeps debits and adjustments, and prints the payment forms. Several clerks can work on one shared database.\n .\n It comes with\
- zel-run, which runs the program from a script without a window, and korvan-db, which makes and checks databases.")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION [[
+The Zelmark Hour Ledger records who and what works on an incident, posts
+hours and use day by day, keeps debits and adjustments, and prints the
+payment forms. Several clerks can work on one shared database.
+
+It comes with zel-run, which runs the program from a script without a
+window, and korvan-db, which makes, fills and checks databases.]])
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
