@@ -336,7 +336,9 @@ void ReportView::print() {
         const forms::Hourglass hourglass(session.forms);
         printPages(*printer, shown.layout(), shown.pages(), shown.currentPage(), work);
         if (state != nullptr)
-            state->setText(tr("Sent to %1 ").arg(printer->printerName()));
+            state->setText(
+                tr("Sent to %1 ")
+                    .arg(printer->outputFileName().isEmpty() ? printer->printerName() : printer->outputFileName()));
     });
 }
 

@@ -1,3 +1,5 @@
+#include "ado/convert.h"
+#include "ado/recordset.h"
 #include "desktop/desktop_test.h"
 #include "desktop/pages_view.h"
 #include "desktop/print_pages.h"
@@ -140,6 +142,33 @@ TEST_F(Viewer, TheMenuShowsTheChargesOfTheIncidentInAWindowOfTheirOwn) {
     EXPECT_THAT(textOf(shown().pages().front()).toStdString(), HasSubstr("COLD CREEK"));
     EXPECT_GT(pixelsOf(Qt::black), 100);
     EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(Viewer, TheRosterOfACrewNamesEachOfItsMembers) {
+    put("Reports/CrewRoster.rpt", session().files.read(ZEL_REPORTS "/CrewRoster.rpt").value());
+    session().gIncidentID = 1;
+    session().gCurrentResourceID = 61;
+    session().extensions.printCrewRoster();
+    EXPECT_EQ(report().windowTitle(), QStringLiteral("Crew Roster Report"));
+    const QString text = textOf(shown().pages().front());
+    auto& people = session().connection();
+    ado::Recordset rows;
+    rows.Open(ado::Sql("select LastName, FirstName from Persons where ResourceID = 61"), people);
+    ASSERT_GT(rows.RecordCount(), 10);
+    for (; !rows.EOF_(); rows.MoveNext())
+        EXPECT_TRUE(text.contains(
+            QString::fromStdString(ado::toText(rows.value("LastName")) + ", " + ado::toText(rows.value("FirstName")))));
+}
+
+TEST_F(Viewer, WithoutItsLayoutAReportIsABox) {
+    session().gCurrentResourceID = 61;
+    QString text;
+    whenBoxOpens([&text](QWidget& box) {
+        text = dynamic_cast<QMessageBox&>(box).text();
+        box.close();
+    });
+    session().extensions.printCrewRoster();
+    EXPECT_THAT(text.toStdString(), testing::EndsWith("/CrewRoster.rpt cannot be read."));
 }
 
 TEST_F(Viewer, TheViewerHasTheWholeWindowWhateverItsSize) {
