@@ -76,18 +76,25 @@ std::string SqliteEngine::connectionText() const {
 }
 
 const Catalog& SqliteEngine::catalog() {
-    if (!catalogIsRead_)
+    if (catalogIsRead_)
+        return catalog_;
+    catalogIsRead_ = true; // its own query asks for it too, and is given what there is
+    try {
         catalog_ = readCatalog(*this);
-    catalogIsRead_ = true;
+    } catch (...) {
+        catalogIsRead_ = false;
+        throw;
+    }
     return catalog_;
 }
 
 std::shared_ptr<PreparedStatement> SqliteEngine::prepare(const std::string& engineText, bool /*writes*/) {
-    return std::make_shared<SqliteStatement>(link_, engineText);
+    return std::make_shared<SqliteStatement>(
+        link_, [this]() -> const Catalog& { return catalog(); }, engineText);
 }
 
 void SqliteEngine::run(const std::string& engineText) {
-    SqliteStatement(link_, engineText).execute({});
+    prepare(engineText, true)->execute({});
 }
 
 // The write lock is taken at once: two clerks who both read first and then want to write would block each other.

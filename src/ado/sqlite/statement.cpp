@@ -24,13 +24,28 @@ bool isBlank(std::string_view text) {
                                [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == ';'; });
 }
 
+std::vector<CellReader> readersOf(std::span<const ResultColumn> columns, std::string_view text,
+                                  const SqliteStatement::Tables& tables) {
+    std::vector<CellReader> readers;
+    for (const ResultColumn& column : columns)
+        readers.push_back({.type = column.type});
+    if (std::ranges::find(columns, ColumnType::Unknown, &ResultColumn::type) == columns.end())
+        return readers;
+    const std::vector<sql::ComputedKind> kinds = sql::computedKinds(text, tables());
+    if (kinds.size() == readers.size())
+        for (std::size_t i = 0; i < kinds.size(); ++i)
+            readers[i].computed = kinds[i];
+    return readers;
+}
+
 void refuse(const std::string& why, const std::string& text) {
     throw Error(ErrorKind::Statement, errors::errorsInCommand, why, text);
 }
 
 } // namespace
 
-SqliteStatement::SqliteStatement(std::shared_ptr<Link> link, const std::string& text) : link_(std::move(link)) {
+SqliteStatement::SqliteStatement(std::shared_ptr<Link> link, Tables tables, const std::string& text)
+    : link_(std::move(link)), tables_(std::move(tables)) {
     link_->requireUsable();
     if (text.find('\0') != std::string::npos)
         refuse("A statement cannot hold the character NUL.", text);
@@ -86,6 +101,7 @@ bool SqliteStatement::step() {
 }
 
 void SqliteStatement::readColumns() {
+    link_->requireUsable();
     columns_.clear();
     const int count = sqlite3_column_count(statement_);
     for (int i = 0; i < count; ++i) {
@@ -96,6 +112,7 @@ void SqliteStatement::readColumns() {
         column.baseColumn = textOrEmpty(sqlite3_column_origin_name(statement_, i));
         columns_.push_back(std::move(column));
     }
+    readers_ = readersOf(columns_, sqlite3_sql(statement_), tables_);
 }
 
 const std::vector<ResultColumn>& SqliteStatement::columns() {
@@ -126,7 +143,7 @@ void SqliteStatement::query(std::span<const Value> parameters, RowStore& rows) {
     const int count = static_cast<int>(described.size());
     do {
         for (int i = 0; i < count; ++i)
-            addCell(statement_, i, described[static_cast<std::size_t>(i)].type, rows);
+            addCell(statement_, i, readers_[static_cast<std::size_t>(i)], rows);
     } while (step());
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "ado/engine.h"
+#include "ado/sqlite/values.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,7 +17,8 @@ class Link;
 /// A statement of one file.
 class SqliteStatement final : public PreparedStatement {
 public:
-    SqliteStatement(std::shared_ptr<Link> link, const std::string& text);
+    using Tables = std::function<const Catalog&()>;
+    SqliteStatement(std::shared_ptr<Link> link, Tables tables, const std::string& text);
     ~SqliteStatement() override;
     SqliteStatement(const SqliteStatement&) = delete;
     SqliteStatement& operator=(const SqliteStatement&) = delete;
@@ -30,8 +33,10 @@ private:
     void readColumns();
 
     std::shared_ptr<Link> link_;
+    Tables tables_;
     sqlite3_stmt* statement_ = nullptr;
     std::vector<ResultColumn> columns_;
+    std::vector<CellReader> readers_;
     /// The engine prepares again by itself when a table changed; the columns are then read anew.
     int columnsOfPreparation_ = -1;
 };

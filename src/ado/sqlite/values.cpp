@@ -28,7 +28,7 @@ constexpr std::array<DeclaredType, 9> declaredTypes{{{"INTEGER", ColumnType::Int
                                                      {"INT", ColumnType::Integer},
                                                      {"DOUBLE", ColumnType::Double}}};
 
-/// Money at rest: "-1234.5000". Nothing but money has exactly four decimals.
+/// Money at rest: "-1234.5000", always with four decimals.
 bool looksLikeMoney(std::string_view text) {
     if (text.starts_with('-'))
         text.remove_prefix(1);
@@ -58,19 +58,19 @@ void addDateText(std::string_view text, RowStore& rows) {
         rows.addText(text);
 }
 
-/// A result without a declared type: max(LastDate), sum(Amt), a concatenation. Dates and money are known by the one
-/// form that each has at rest.
-void addComputedText(std::string_view text, RowStore& rows) {
-    if (text.size() == 19 && text[4] == '-' && text[7] == '-' && text[10] == ' ')
+/// A result without a declared type: max(LastDate), sum(Amt), a concatenation. Where dates or money went into it, they
+/// are known by the one form that each has at rest.
+void addComputedText(std::string_view text, sql::ComputedKind kind, RowStore& rows) {
+    if (kind.moment && text.size() == 19 && text[4] == '-' && text[7] == '-' && text[10] == ' ')
         addDateText(text, rows);
-    else if (looksLikeMoney(text))
+    else if (kind.money && looksLikeMoney(text))
         addMoneyText(text, rows);
     else
         rows.addText(text);
 }
 
-void addTextCell(std::string_view text, ColumnType type, RowStore& rows) {
-    switch (type) {
+void addTextCell(std::string_view text, CellReader reader, RowStore& rows) {
+    switch (reader.type) {
     case ColumnType::DateTime:
         addDateText(text, rows);
         break;
@@ -78,7 +78,7 @@ void addTextCell(std::string_view text, ColumnType type, RowStore& rows) {
         addMoneyText(text, rows);
         break;
     case ColumnType::Unknown:
-        addComputedText(text, rows);
+        addComputedText(text, reader.computed, rows);
         break;
     default:
         rows.addText(text);
@@ -137,17 +137,17 @@ int bindValue(sqlite3_stmt* statement, int index, const Value& value) {
     return sqlite3_bind_null(statement, index);
 }
 
-void addCell(sqlite3_stmt* statement, int column, ColumnType type, RowStore& rows) {
+void addCell(sqlite3_stmt* statement, int column, CellReader reader, RowStore& rows) {
     switch (sqlite3_column_type(statement, column)) {
     case SQLITE_INTEGER:
-        addIntegerCell(sqlite3_column_int64(statement, column), type, rows);
+        addIntegerCell(sqlite3_column_int64(statement, column), reader.type, rows);
         break;
     case SQLITE_FLOAT:
         rows.addDouble(sqlite3_column_double(statement, column));
         break;
     case SQLITE_TEXT:
     case SQLITE_BLOB:
-        addTextCell(textOf(statement, column), type, rows);
+        addTextCell(textOf(statement, column), reader, rows);
         break;
     default:
         rows.addNull();

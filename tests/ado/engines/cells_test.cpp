@@ -49,6 +49,27 @@ TEST_P(CellsTest, ComputedCellsAreTypedAsTheirColumnsAre) {
                 ElementsAre(july4, money("0.3"), money("0.2"), Value(5.5), Value(2), Value(2)));
 }
 
+TEST_P(CellsTest, TextThatLooksLikeMoneyOrADateStaysText) {
+    run(engine(), "INSERT INTO PersonsPost (PersonsPostID, Rate, Remarks, KindCode) VALUES (1, ?, ?, ?)",
+        {money("0.1"), "12.5000", "2005-07-04 00:00:00"});
+    EXPECT_THAT(firstRow(engine(), "SELECT max(Remarks), max(KindCode), sum(Rate), '1.2500', Remarks || '', "
+                                   "(SELECT max(Rate) FROM PersonsPost) FROM PersonsPost GROUP BY Remarks"),
+                ElementsAre(Value("12.5000"), Value("2005-07-04 00:00:00"), money("0.1"), Value("1.2500"),
+                            Value("12.5000"), money("0.1")));
+}
+
+TEST_P(CellsTest, MoneyIsSeenThroughViewsAndSubqueries) {
+    run(engine(), "INSERT INTO PersonsPost (PersonsPostID, ActivityDT, Rate, Remarks) VALUES (1, ?, ?, ?)",
+        {july4, money("0.1"), "12.5000"});
+    run(engine(), "CREATE VIEW qryPaid AS SELECT sum(Rate) AS Paid, max(Remarks) AS Said, max(ActivityDT) AS Last "
+                  "FROM PersonsPost");
+    engine().refreshCatalog();
+    EXPECT_THAT(firstRow(engine(), "SELECT * FROM (SELECT Paid, Said, Last FROM qryPaid) x"),
+                ElementsAre(money("0.1"), Value("12.5000"), july4));
+    EXPECT_THAT(firstRow(engine(), "SELECT coalesce(x.Paid, 0), x.Said || '', x.* FROM qryPaid x"),
+                ElementsAre(money("0.1"), Value("12.5000"), money("0.1"), Value("12.5000"), july4));
+}
+
 TEST_P(CellsTest, NothingSumsToNull) {
     EXPECT_THAT(firstRow(engine(), "SELECT sum(Rate), max(ActivityDT), count(*) FROM PersonsPost"),
                 ElementsAre(Value(), Value(), Value(0)));
