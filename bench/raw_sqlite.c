@@ -25,10 +25,16 @@ void raw_sqlite_add_collation(sqlite3* database) {
     check(database, sqlite3_create_collation_v2(database, "ZMONEY", SQLITE_UTF8, NULL, compare_money, NULL), SQLITE_OK);
 }
 
-sqlite3* raw_sqlite_open(const char* file) {
+static void run(sqlite3* database, const char* sql) {
+    check(database, sqlite3_exec(database, sql, NULL, NULL, NULL), SQLITE_OK);
+}
+
+sqlite3* raw_sqlite_open(const char* file, int durable) {
     sqlite3* database = NULL;
     check(database, sqlite3_open_v2(file, &database, SQLITE_OPEN_READWRITE, NULL), SQLITE_OK);
-    check(database, sqlite3_exec(database, "PRAGMA synchronous=FULL", NULL, NULL, NULL), SQLITE_OK);
+    run(database, durable ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF");
+    run(database, "PRAGMA journal_mode=PERSIST");
+    run(database, "PRAGMA cache_size=-32768");
     raw_sqlite_add_collation(database);
     return database;
 }

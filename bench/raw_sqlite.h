@@ -7,8 +7,8 @@ extern "C" {
 struct sqlite3;
 struct raw_rows;
 
-/* As this program opens a file: rollback journal, every commit on the disk. */
-struct sqlite3* raw_sqlite_open(const char* file);
+/* As this program opens a file: a rollback journal that is kept, every commit on the disk if `durable`. */
+struct sqlite3* raw_sqlite_open(const char* file, int durable);
 /* The order of money texts, without which the engine does not write a row that has some. */
 void raw_sqlite_add_collation(struct sqlite3* database);
 void raw_sqlite_close(struct sqlite3* database);

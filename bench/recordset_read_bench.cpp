@@ -3,6 +3,8 @@
 #include "bench_data.h"
 #include "pairs.h"
 
+#include <fmt/format.h>
+
 #include <stdexcept>
 
 namespace zel::bench {
@@ -48,7 +50,7 @@ void readPersonList(benchmark::State& state, Rivals& rivals) {
 /// The postings of fifty persons, one after the other, as the grid of the posting screen asks for them.
 void readOnePersonsPosts(benchmark::State& state, Rivals& rivals) {
     const bool sqlite = rivals.connection().engine().kind() == ado::EngineKind::Sqlite;
-    const std::string rawText = std::string("select * from PersonsPost where PersonID = ") + (sqlite ? "?1" : "$1") +
+    const std::string rawText = fmt::format("select * from {} where PersonID = {}", plainTable, sqlite ? "?1" : "$1") +
                                 " and FinalCol = 0 order by ActivityDT, StartTime, StopTime";
     constexpr int persons = 50, stride = 97;
     std::int64_t cells = 0;
@@ -86,9 +88,10 @@ const bool added = [] {
     addPairs("person_list_50000/postgres",
              [](benchmark::State& state) { readPersonList(state, *postgresRivals(Content::ManyPersons)); });
     addPairs("one_person_of_1000000/sqlite/limit_0.5", [](benchmark::State& state) {
-        readOnePersonsPosts(state, *sqliteRivals(databaseFile(Content::ManyPostings), plainIndexFile()));
+        readOnePersonsPosts(state,
+                            *sqliteRivals(databaseFile(Content::ManyPostings), plainIndexFile(Content::ManyPostings)));
     });
-    addPairs("one_person_of_1000000/postgres",
+    addPairs("one_person_of_1000000/postgres/limit_0.5",
              [](benchmark::State& state) { readOnePersonsPosts(state, *postgresRivals(Content::ManyPostings)); });
     return true;
 }();
