@@ -58,7 +58,7 @@ int main(int count, char** words) {
     parser.process(application);
     try {
         zel::desktop::DesktopProgram program(parser.value(home).toStdString());
-        return program.start(parser.positionalArguments().join(QLatin1Char(' ')).toStdString()) ? application.exec()
+        return program.start(parser.positionalArguments().join(QLatin1Char(' ')).toStdString()) ? QApplication::exec()
                                                                                                 : 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "zel: %s\n", failure.what());

@@ -30,11 +30,12 @@ std::vector<QWidget*> shownWindows() {
             windows.push_back(widget);
     }
     const auto height = [](const QWidget* widget) {
+        if (qobject_cast<const QMainWindow*>(widget) != nullptr)
+            return 0;
         const bool popup = widget->windowType() == Qt::Popup || widget->windowType() == Qt::ToolTip;
-        return popup ? 3 : widget == QApplication::activeModalWidget() ? 2 : widget->isModal() ? 1 : 0;
+        return popup ? 4 : widget == QApplication::activeModalWidget() ? 3 : widget->isModal() ? 2 : 1;
     };
     std::ranges::stable_sort(windows, {}, height);
-    std::ranges::stable_partition(windows, [](QWidget* widget) { return qobject_cast<QMainWindow*>(widget); });
     return windows;
 }
 

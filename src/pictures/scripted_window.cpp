@@ -52,7 +52,9 @@ void ScriptedWindow::mirror(const std::function<void(forms::Dialogs&)>& show) {
     if (nextBox_.empty())
         return;
     std::exception_ptr failure;
-    QTimer::singleShot(0, [this, &failure] {
+    QTimer opened;
+    opened.setSingleShot(true);
+    QObject::connect(&opened, &QTimer::timeout, &opened, [this, &failure] {
         try {
             (void)camera_.take(std::exchange(nextBox_, {}));
         } catch (const std::exception&) {
@@ -62,6 +64,7 @@ void ScriptedWindow::mirror(const std::function<void(forms::Dialogs&)>& show) {
             box->done(QDialog::Rejected);
     });
     const QPointer<QWidget> before = screens_.front();
+    opened.start(0);
     show(boxes_);
     // A display without a desktop gives the keyboard back to nobody.
     if (before != nullptr) {

@@ -6,7 +6,6 @@
 #include <string>
 #include <system_error>
 
-#include <stdlib.h>
 #include <unistd.h>
 
 namespace zel::program {
