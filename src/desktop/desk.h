@@ -4,6 +4,8 @@
 #include "core/session.h"
 #include "forms/user.h"
 
+#include <QString>
+
 #include <functional>
 
 namespace zel::desktop {
@@ -22,6 +24,8 @@ public:
     }
 
     core::Session& session;
+    /// The printer that reports go to; empty is the desktop's own choice.
+    QString printer;
     /// Shows the pop-up menu that a screen asked for.
     std::function<void(forms::Menu& menu)> showPopup;
 

@@ -61,7 +61,7 @@ void PagesView::reflow() {
         return bar.value() == 0 ? 0.0
                                 : (bar.value() + bar.pageStep() / 2.0) / std::max(1, bar.maximum() + bar.pageStep());
     };
-    const auto measure = [this](QScrollBar& bar, int whole, int seen, double middle) {
+    const auto measure = [](QScrollBar& bar, int whole, int seen, double middle) {
         bar.setPageStep(seen);
         bar.setSingleStep(lineStep);
         bar.setRange(0, std::max(0, whole - seen));

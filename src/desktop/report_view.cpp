@@ -323,7 +323,9 @@ void ReportView::saveAsPdf() {
 void ReportView::print() {
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     act([printer, state = QPointer<QLabel>(state_), work = progress(), window = widget(),
-         &session = desk().session](const ReportViewer& shown) {
+         &used = desk()](const ReportViewer& shown) {
+        if (!used.printer.isEmpty())
+            printer->setPrinterName(used.printer);
         printer->setDocName(toQt(shown.form().Caption()));
         printer->setPageLayout(paperOf(shown.layout()));
         // The window, and the dialog with it, goes when the program is told to end.
@@ -333,7 +335,8 @@ void ReportView::print() {
         dialog->setMinMax(1, static_cast<int>(shown.pages().size()));
         if (dialog->exec() != QDialog::Accepted)
             return;
-        const forms::Hourglass hourglass(session.forms);
+        used.printer = printer->printerName();
+        const forms::Hourglass hourglass(used.session.forms);
         printPages(*printer, shown.layout(), shown.pages(), shown.currentPage(), work);
         if (state != nullptr)
             state->setText(

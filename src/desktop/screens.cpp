@@ -2,6 +2,7 @@
 
 #include "core/frmMain.h"
 #include "core/screen.h"
+#include "desktop/print_setup.h"
 #include "desktop/qt_text.h"
 #include "desktop/ui_forms.h"
 #include "forms/form_registry.h"
@@ -44,6 +45,7 @@ Screens::Screens(Desk& desk) : desk_(desk) {
         for (const Shown& shown : shown_)
             shown.view->settled();
     };
+    connectPrintSetup(desk_, [this] { return front(); });
     desk_.showPopup = [this](forms::Menu& menu) {
         if (shell_)
             shell_->popup(menu);

@@ -3,6 +3,7 @@
 #include "desktop/desktop_test.h"
 #include "desktop/pages_view.h"
 #include "desktop/print_pages.h"
+#include "desktop/print_setup.h"
 #include "forms/form_registry.h"
 #include "platform/files.h"
 #include "reports/frmViewRpt.h"
@@ -11,11 +12,13 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -394,6 +397,33 @@ TEST_F(Viewer, PrintAsksForThePrinterFirst) {
     key(Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(last, 4);
     EXPECT_EQ(label("decoState"), "");
+}
+
+TEST_F(Viewer, PrintSetupKeepsThePrinterThatWasChosen) {
+    const auto setUp = [this](const QString& pick, bool accept) {
+        whenBoxOpens([=](QWidget& box) {
+            auto& dialog = dynamic_cast<QInputDialog&>(box);
+            dialog.setTextValue(pick);
+            accept ? dialog.accept() : dialog.reject();
+        });
+        desktop::askForPrinter(program().desk(), &window(), {QStringLiteral("Office"), QStringLiteral("Tent")});
+    };
+    setUp(QStringLiteral("Tent"), true);
+    EXPECT_EQ(program().desk().printer, QStringLiteral("Tent"));
+    setUp(QStringLiteral("Office"), false);
+    EXPECT_EQ(program().desk().printer, QStringLiteral("Tent"));
+}
+
+TEST_F(Viewer, PrintSetupOfAMachineWithoutPrintersSaysSo) {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "this machine has a printer";
+    QString text;
+    whenBoxOpens([&text](QWidget& box) {
+        text = dynamic_cast<QMessageBox&>(box).text();
+        box.close();
+    });
+    choose("mnuPrintSetup");
+    EXPECT_EQ(text.toStdString(), "This machine has no printer. A report can be saved as PDF.");
 }
 
 TEST_F(Viewer, PaperStaysWhiteInDarkColours) {
