@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "core/start_up.h"
 #include "forms/form_registry.h"
+#include "forms/tab_order.h"
 #include "services/list_columns.h"
 #include "services/list_rows.h"
 
@@ -84,6 +85,9 @@ void frmMain::makeSelector() {
     chkManageAll.Click = always([this] { chkManageAll_Click(); });
     dbcIncident.each(
         [this](forms::TDBCombo& box) { box.ItemChange = [this, index = box.Index()] { dbcIncident_Change(index); }; });
+    std::vector<forms::Control*> order{&dbcIncident(0), &dbcIncident(1), &chkManageAll};
+    optMenu.each([&order](forms::OptionButton& button) { order.push_back(&button); });
+    forms::setTabOrder(order);
 }
 
 void frmMain::tbMenu_ButtonClick(const std::string& key) {

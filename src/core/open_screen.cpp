@@ -5,6 +5,7 @@
 #include "core/frmRefs.h"
 #include "core/start_up.h"
 #include "forms/hourglass.h"
+#include "forms/tab_order.h"
 
 #include <fmt/format.h>
 
@@ -123,6 +124,7 @@ void frmMain::open(const Range& range, int tab) {
         else if (range.tab == Range::Tab::Zero || range.tab == Range::Tab::Equipment)
             paged->showTab(range.tab == Range::Tab::Equipment ? equipmentTab : 0);
     }
+    forms::focusFirstEntry(*screen);
 }
 
 void frmMain::optMenu_Click(int index) {

@@ -4,6 +4,7 @@
 #include "forms/buttons.h"
 #include "forms/form.h"
 #include "forms/progress_bar.h"
+#include "forms/tab_order.h"
 #include "forms/vs_index_tab.h"
 
 #include <QAbstractButton>
@@ -160,7 +161,13 @@ void TabView::pageChosen(int page) {
     if (control() == nullptr || page == strip_.CurrTab())
         return;
     const QPointer<TabView> self(this);
-    act([page](forms::User& user, forms::Control& strip) { return user.selectTab(strip, page); });
+    const bool stays = face_.tabBar()->hasFocus(); // the arrow keys lead on from tab to tab
+    act([page, stays](forms::User& user, forms::Control& strip) {
+        const auto outcome = user.selectTab(strip, page);
+        if (outcome && !stays)
+            forms::focusFirstEntry(strip.form(), &strip);
+        return outcome;
+    });
     if (self != nullptr && control() != nullptr)
         draw(Property::Page);
 }

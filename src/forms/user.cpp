@@ -143,6 +143,9 @@ Outcome User::tab(Form& form, bool backwards) {
     Control* next = form.tabStop(before, backwards);
     if (next != nullptr && !form.moveFocus(next))
         return {before->fullName() + " keeps the focus"};
+    // What is typed next replaces what stands there.
+    if (auto* box = dynamic_cast<TextEdit*>(form.ActiveControl()); box != nullptr && box != before)
+        box->selectAll();
     return {};
 }
 

@@ -169,6 +169,10 @@ void frmAccounts::openEntry(int index) {
         chkDefault.setValue(account.isDefault ? forms::CheckBox::checked : forms::CheckBox::unchecked);
     }
     fraAE.setVisible(true);
+    focusEntry();
+}
+
+void frmAccounts::focusEntry() {
     if (dbcIncident.Enabled())
         dbcIncident.SetFocus();
     else
@@ -231,6 +235,7 @@ void frmAccounts::save() {
     core::LoadList(session, true, session.gAccountList, 1);
     chkDefault.setValue(forms::CheckBox::unchecked);
     chkDefault.setEnabled(true);
+    focusEntry();
 }
 
 std::int32_t frmAccounts::settleDefault() {

@@ -55,6 +55,7 @@ private:
 
     void makeGrid();
     void openEntry(int index);
+    void focusEntry();
     void takeIncident();
     /// The row the grid stands on; without one the id is -1.
     [[nodiscard]] Account currentAccount();

@@ -101,6 +101,7 @@ void frmAdminOffice::save() {
         fields_.update(session.connection(), officeKey_);
     refreshRows(officeKey_);
     fields_.clear();
+    mskOffice(0).SetFocus();
 }
 
 void frmAdminOffice::refreshRows(std::int32_t office) {

@@ -9,6 +9,7 @@
 #include "core/modData.h"
 #include "core/session.h"
 #include "forms/form_registry.h"
+#include "forms/tab_order.h"
 #include "services/control_groups.h"
 #include "services/list_columns.h"
 #include "services/list_rows.h"
@@ -57,7 +58,7 @@ constexpr std::array<Field, 11> fields{{
 }};
 
 /// The numbers of the boxes by name, add page and edit page.
-constexpr std::array<int, 2> codeBox{2, 12}, locationBox{3, 13}, startBox{20, 21}, endBox{4, 14};
+constexpr std::array<int, 2> codeBox{2, 12}, locationBox{3, 13}, startBox{20, 21}, endBox{4, 14}, zipBox{9, 19};
 constexpr std::array<int, 2> incidentState{0, 2}, adminState{1, 3};
 
 constexpr const char* adminInfo =
@@ -121,6 +122,25 @@ void frmIncidents::makePage(int page) {
     lblAdminInfo.add(place, page);
     cmdSave.add(place, page).setCaption("&Save");
     cmdClear.add(place, page).setCaption("&Clear");
+    orderTabs(page);
+}
+
+/// The states stand behind the location and the city.
+void frmIncidents::orderTabs(int page) {
+    const auto side = static_cast<std::size_t>(page);
+    std::vector<forms::Control*> order;
+    for (const Field& field : fields) {
+        const int index = field.index.at(side);
+        if (index == zipBox.at(side))
+            order.push_back(&dbcState(adminState.at(side)));
+        order.push_back(&mskIncident(index));
+        if (index == locationBox.at(side))
+            order.push_back(&dbcState(incidentState.at(side)));
+    }
+    order.insert(order.end(), {&cmdSave(page), &cmdClear(page)});
+    if (page == 1)
+        order.push_back(&cmdDelete);
+    forms::setTabOrder(order);
 }
 
 void frmIncidents::tbFormOpen() {
@@ -288,6 +308,7 @@ void frmIncidents::endSave() {
     fRebindIncident();
     if (shell != nullptr)
         shell->showIncident();
+    forms::focusFirstEntry(*this, &tabAE);
 }
 
 void frmIncidents::fAddAccountingCode(std::int32_t IncidentID, const std::string& AccountingCode) {

@@ -49,6 +49,7 @@ private:
     enum class Finding { Fine = 0, Duplicate = 3, Missing = 4 };
 
     void makePage(int page);
+    void orderTabs(int page);
     void clear(int page);
     [[nodiscard]] Finding duplicateTest(int index);
     [[nodiscard]] std::string findings(int page);

@@ -19,30 +19,49 @@ constexpr int payPage = 1;
 /// The class whose rate no table holds.
 constexpr const char* handRated = "AD-5";
 
+const char* employmentOf(int letter) {
+    switch (letter) {
+    case 'a':
+    case 'A':
+        return "AD";
+    case 'f':
+    case 'F':
+        return "FED";
+    case 'o':
+    case 'O':
+        return "OTHER";
+    default:
+        return "";
+    }
+}
+
+/// Whether the key goes on with the word that its first letter put there: who types "fed" means FED.
+bool isNextLetter(const forms::ComboBox& box, int key) {
+    const std::string text = box.Text();
+    const auto at = static_cast<std::size_t>(box.SelStart());
+    return key > 0 && key < 128 && at < text.size() &&
+           ado::upperCase(std::string(1, static_cast<char>(key)))[0] == text[at];
+}
+
+void markRest(forms::ComboBox& box, int from) {
+    const int length = static_cast<int>(box.Text().size());
+    box.setSelStart(from);
+    box.setSelLength(length > from ? length - from : 0);
+}
+
 } // namespace
 
 void frmPersonnel::employmentKey(const Side& side, int& keyAscii) {
     if (session.Working || saving_)
         return;
     forms::ComboBox& box = cboAD(side.page);
-    switch (keyAscii) {
-    case 'a':
-    case 'A':
-        box.setText("AD");
-        break;
-    case 'f':
-    case 'F':
-        box.setText("FED");
-        break;
-    case 'o':
-    case 'O':
-        box.setText("OTHER");
-        break;
-    case forms::keys::enter:
-    case forms::keys::tab:
+    if (keyAscii == forms::keys::enter || keyAscii == forms::keys::tab)
         return;
-    default:
-        box.setText("");
+    if (isNextLetter(box, keyAscii))
+        markRest(box, box.SelStart() + 1);
+    else {
+        box.setText(employmentOf(keyAscii));
+        markRest(box, 1);
     }
     keyAscii = 0;
     fAD(box);

@@ -10,6 +10,7 @@
 #include "core/session.h"
 #include "core/suite.h"
 #include "forms/form_registry.h"
+#include "forms/tab_order.h"
 #include "forms/user.h"
 #include "platform/clock.h"
 #include "posting/post_columns.h"
@@ -31,6 +32,7 @@ frmPost::frmPost(core::Session& state) : Screen(state, "frmPost") {
     makePersonPage();
     makeCrewPage();
     makeEquipmentPage();
+    forms::setTabOrder({&CkKeyPadEnterTab, &cmdPrint286});
     connectPersonPage();
     connectGrid();
     tabPosting.Switch = [this](int oldPage, int, bool& cancel) {
@@ -83,6 +85,9 @@ void frmPost::makePersonPage() {
     ddcKindCode.setDataField("KindCode");
     tdbDDAccts.setDataField("AccountingID");
     tdbDDAccts.setValueTranslate(true);
+    forms::setTabOrder({&dbcPersonnel, &dbcAcct(persons), &mskPost(0), &cboTime(0), &cboTime(1), &mskPost(1),
+                        &cbPost(persons), &chkLastDay, &cmdSave(persons), &cmdClear(persons), &cmdDelete(persons),
+                        &dbgPersonnelPost});
 }
 
 void frmPost::connectPersonPage() {

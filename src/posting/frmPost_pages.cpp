@@ -5,6 +5,7 @@
 #include "ado/recordset.h"
 #include "core/modData.h"
 #include "core/session.h"
+#include "forms/tab_order.h"
 #include "posting/post_columns.h"
 #include "posting/post_statements.h"
 
@@ -26,6 +27,9 @@ void frmPost::makeCrewPage() {
     dblCrewMembers.setBoundColumn("PersonID");
     dblCrewMembers.setMultiSelect(true);
     addPersonPostColumns(dbgPostCrews);
+    forms::setTabOrder({&dbcCrew(0), &dbcCrew(1), &dblCrewMembers, &dbcAcct(crews), &mskPost(2), &cboTime(2),
+                        &cboTime(3), &mskPost(3), &cbPost(crews), &cmdSave(crews), &cmdClear(crews), &cmdDelete(crews),
+                        &dbgPostCrews});
     dbgPostCrews.AllowUpdate = false;
     // Crews are not posted yet: what would do it is out of reach.
     cmdSave(crews).setEnabled(false);

@@ -29,6 +29,8 @@ std::optional<ado::Value> formProperty(const forms::Form& form, std::string_view
         return form.Visible();
     if (ado::equalIgnoringCase(property, "Enabled"))
         return form.Enabled();
+    if (ado::equalIgnoringCase(property, "ActiveControl"))
+        return form.ActiveControl() == nullptr ? std::string() : form.ActiveControl()->fullName();
     return std::nullopt;
 }
 

@@ -2,7 +2,9 @@
 #include "forms/control_array.h"
 #include "forms/mask_ed_box.h"
 #include "forms/screen_test.h"
+#include "forms/tab_order.h"
 #include "forms/text_box.h"
+#include "forms/vs_index_tab.h"
 
 namespace zel::forms {
 
@@ -119,6 +121,46 @@ TEST_F(FocusTest, TabOrderFollowsTabIndexAndSkipsWhatCannotBeReached) {
     EXPECT_EQ(form.tabStop(&second), &cmdSave);
     cmdSave.setTabStop(false);
     EXPECT_EQ(form.tabStop(&second), nullptr);
+}
+
+TEST_F(FocusTest, ATabOrderMayDifferFromTheOrderOfTheDump) {
+    TextBox third{form, "third"};
+    setTabOrder({&first, &third, &second});
+    EXPECT_EQ(form.tabStop(&first), &third);
+    EXPECT_EQ(form.tabStop(&third), &cmdSave) << "it has the place of the second one, before the button";
+    EXPECT_EQ(form.tabStop(&cmdSave), &second);
+    EXPECT_EQ(form.controls().back(), &third);
+}
+
+TEST_F(FocusTest, TabMarksWhatStandsInTheFieldSoThatTypingReplacesIt) {
+    second.setText("OLD");
+    EXPECT_TRUE(done(desk.user.keys(first, "{Tab}N")));
+    EXPECT_EQ(second.Text(), "N");
+}
+
+TEST_F(FocusTest, FirstEntryIsTheFirstBoxThatCanBeTypedInto) {
+    setTabOrder({&cmdSave, &first, &second});
+    first.setLocked(true);
+    form.moveFocus(&cmdSave);
+    focusFirstEntry(form);
+    EXPECT_EQ(form.ActiveControl(), &second);
+}
+
+TEST_F(FocusTest, FirstEntryLeavesTheFocusInTheBoxWhereItIs) {
+    form.moveFocus(&second);
+    focusFirstEntry(form);
+    EXPECT_EQ(form.ActiveControl(), &second);
+}
+
+TEST_F(FocusTest, FirstEntryOfAPageIsOneThatStandsOnIt) {
+    vsIndexTab tabs{form, "tabs", "One|Two"};
+    TextBox onOne{tabs.onPage(0), "onOne"};
+    TextBox onTwo{tabs.onPage(1), "onTwo"};
+    focusFirstEntry(form, &tabs);
+    EXPECT_EQ(form.ActiveControl(), &onOne);
+    tabs.setCurrTab(1);
+    focusFirstEntry(form, &tabs);
+    EXPECT_EQ(form.ActiveControl(), &onTwo);
 }
 
 TEST_F(FocusTest, SetFocusOutOfLostFocusBringsTheFocusBack) {

@@ -102,6 +102,7 @@ TEST_P(AccountsTest, ASecondCodeWithoutTheBoxIsNoDefault) {
     click(screen().cmdSave);
     EXPECT_THAT(program.dialogs.take(), IsEmpty());
     EXPECT_THAT(ofIncident(), ElementsAre("P6AB12||True", "P6AB13|FORS|False", "P6AB14||False"));
+    EXPECT_TRUE(screen().mskAcctCode.hasFocus()) << "ready for the next code";
 }
 
 TEST_P(AccountsTest, ANewDefaultTakesTheOldOnesPlaceOnYes) {

@@ -45,6 +45,7 @@ TEST_P(AdminOfficeTest, ANewOfficeIsWrittenAsDisplayed) {
     EXPECT_EQ(offices().size(), 2U);
     EXPECT_EQ(screen().dbgOffice.Columns("Office Name").Text(), "SOUTH OFFICE");
     EXPECT_EQ(screen().mskOffice(0).Text(), "");
+    EXPECT_TRUE(screen().mskOffice(0).hasFocus()) << "ready for the next office";
 }
 
 TEST_P(AdminOfficeTest, AnEditTakesTheRowOfTheGridAndWritesItBack) {

@@ -98,6 +98,17 @@ TEST_P(PersonnelFields, TheFirstLetterDecidesTheEmploymentType) {
     }
 }
 
+TEST_P(PersonnelFields, AnEmploymentTypeMayBeTypedToItsEnd) {
+    open();
+    forms::ComboBox& box = screen().cboAD(0);
+    for (const auto& [keys, type] :
+         {std::pair{"ad", "AD"}, {"FED", "FED"}, {"other", "OTHER"}, {"fa", "AD"}, {"fx", ""}}) {
+        EXPECT_EQ(program.user.type(box, keys).refusal, "");
+        EXPECT_EQ(box.Text(), type) << keys;
+        EXPECT_EQ(screen().tabPersDetail(0).TabEnabled(1), std::string(type) == "AD") << keys;
+    }
+}
+
 TEST_P(PersonnelFields, OnlyOtherCanBeAContractedResource) {
     open();
     EXPECT_FALSE(screen().chkContract(0).Enabled());
