@@ -52,7 +52,7 @@ TEST_P(IncidentsTest, AddingTheFirstIncidentWritesBothRowsAndMovesTheShellToIt) 
     EXPECT_EQ(program.shell().dbcIncident(1).Text(), "OR-ABC-000123");
     EXPECT_EQ(session.gIncidentList.rows(), 1);
     EXPECT_EQ(screen().mskIncident(0).Text(), "");
-    EXPECT_TRUE(screen().mskIncident(10).hasFocus()) << "the new incident stands on the edit page";
+    EXPECT_TRUE(screen().mskIncident(0).hasFocus()) << "ready for the next incident";
 }
 
 TEST_P(IncidentsTest, AddWithNothingListsBothRequiredFieldsInOrder) {
