@@ -22,8 +22,12 @@
 #include <QProcess>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace zel::test {
 
@@ -253,6 +257,26 @@ TEST_F(Viewer, KeysChangeTheSizeInSteps) {
     EXPECT_EQ(shown().Zoom(), 400);
 }
 
+TEST_F(Viewer, TheWheelScrollsAndWithCtrlChangesTheSize) {
+    open(3);
+    const auto turn = [this](int notches, Qt::KeyboardModifiers modifiers) {
+        QWidget* target = pages().viewport();
+        const QPointF at = target->rect().center();
+        QWheelEvent event(at, target->mapToGlobal(at), QPoint(), QPoint(0, 120 * notches), Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(target, &event);
+    };
+    turn(-1, Qt::NoModifier);
+    EXPECT_GT(pages().verticalScrollBar()->value(), 0);
+    EXPECT_EQ(shown().Zoom(), 100);
+    const int before = pages().verticalScrollBar()->value();
+    turn(2, Qt::ControlModifier);
+    EXPECT_EQ(shown().Zoom(), 150);
+    turn(-3, Qt::ControlModifier);
+    EXPECT_EQ(shown().Zoom(), 75);
+    EXPECT_NEAR(pages().verticalScrollBar()->value(), before, pages().viewport()->height());
+}
+
 TEST_F(Viewer, APageThatFitsTheWidthGoesOnFittingIt) {
     open(2);
     key(Qt::Key_2, Qt::ControlModifier);
@@ -328,6 +352,34 @@ TEST_F(Viewer, TheSavedFileHasTheTextOfEveryPage) {
     for (std::size_t page = 0; page < 3; ++page)
         EXPECT_EQ(words(textOfPdf(path, page + 1)), words(textOf(shown().pages()[page])));
     EXPECT_TRUE(words(textOfPdf(path, 4)).isEmpty());
+}
+
+TEST_F(Viewer, TheScreenShowsWhatTheFileHolds) {
+    open();
+    report().resize(900, 1250);
+    QCoreApplication::processEvents();
+    saveAs(file("charges.pdf"));
+    const QString dpi = QString::number(pages().logicalDpiX());
+    QProcess::execute(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), dpi, QStringLiteral("-png"),
+                                                   QStringLiteral("-singlefile"), file("charges.pdf"), file("paper")});
+    const QImage screen = pages().viewport()->grab(pages().pagePlace(0)).toImage();
+    const QImage paper(file("paper.png"));
+    ASSERT_EQ(paper.size(), screen.size());
+    // Letters are drawn by two hands; where they stand and how dark a spot is they agree.
+    const QSize spots = screen.size() / 8;
+    const auto blurred = [&spots](const QImage& image) {
+        return image.scaled(spots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const QImage here = blurred(screen), there = blurred(paper);
+    int worst = 0, darkest = 255;
+    for (int y = 0; y < spots.height(); ++y)
+        for (int x = 0; x < spots.width(); ++x) {
+            const int seen = qGray(here.pixel(x, y));
+            worst = std::max(worst, std::abs(seen - qGray(there.pixel(x, y))));
+            darkest = std::min(darkest, seen);
+        }
+    EXPECT_LT(darkest, 150);
+    EXPECT_LT(worst, 50);
 }
 
 TEST_F(Viewer, AFileThatCannotBeWrittenIsToldInABox) {
