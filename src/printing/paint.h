@@ -5,11 +5,13 @@
 #include <QRectF>
 
 #include <cstddef>
+#include <memory>
 
-class QFont;
 class QPainter;
 
 namespace zel::printing {
+
+class Letters;
 
 /// The unit that pages are drawn in, whatever the device: breaks and sizes of letters are the same on all of them.
 inline constexpr int dotsPerInch = 600;
@@ -17,7 +19,10 @@ inline constexpr int dotsPerInch = 600;
 /// Draws pages with a painter that is scaled to dots.
 class PagePainter {
 public:
-    explicit PagePainter(QPainter& painter) : painter_(painter) {}
+    explicit PagePainter(QPainter& painter);
+    ~PagePainter();
+    PagePainter(const PagePainter&) = delete;
+    PagePainter& operator=(const PagePainter&) = delete;
 
     void draw(const Page& page);
     /// Where letters of a text are drawn, in dots: `first` and `length` are bytes of it. Of a text that is wrapped, the
@@ -25,13 +30,11 @@ public:
     [[nodiscard]] QRectF lettersOf(const Mark& mark, std::size_t first, std::size_t length) const;
 
 private:
+    void drawShapes(const Page& page);
     void drawText(const Mark& mark);
-    void drawShape(const Mark& mark);
-    [[nodiscard]] QFont font(const Item& item, double points) const;
-    /// The letters' size at which the whole text has room in its place: nothing is ever cut off.
-    [[nodiscard]] QFont fittingFont(const Item& item, const QRectF& place) const;
 
     QPainter& painter_;
+    std::unique_ptr<Letters> letters_;
 };
 
 } // namespace zel::printing

@@ -50,13 +50,15 @@ public:
     void operator()(std::size_t done) {
         if (window_)
             window_->setValue(static_cast<int>(done));
-        else if (inLines_ && sinceLine_.elapsed() > 1000) {
+        else if (inLines_ && sinceLine_.elapsed() > lineMilliseconds) {
             std::cerr << "Tablon: page " << done << " of " << pages_ << std::endl;
             sinceLine_.restart();
         }
     }
 
 private:
+    static constexpr qint64 lineMilliseconds = 250;
+
     std::size_t pages_;
     bool inLines_ = false;
     std::unique_ptr<QProgressDialog> window_;

@@ -32,11 +32,13 @@ class TablonProgramTest : public TablonFixture {
 protected:
     TablonProgramTest() { post(101, 11, 4, "08:00", "16:00", 8); }
     /// The words of a test need no quotes but these.
+    [[nodiscard]] std::string commandOf(const std::string& words, const std::string& environment = {}) {
+        return "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ZEL_HOME='" + (folder / "zel").string() +
+               "' ZEL_PRINT_DIR='" + (folder / "out").string() + "' ZEL_DATABASE='" +
+               (onSqlite() ? database().file().string() : "") + "' " + environment + " " ZEL_TABLON " '" + words + "'";
+    }
     std::pair<int, std::string> run(const std::string& words, const std::string& environment = {}) {
-        return outputOf("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ZEL_HOME='" + (folder / "zel").string() +
-                        "' ZEL_PRINT_DIR='" + (folder / "out").string() + "' ZEL_DATABASE='" +
-                        (onSqlite() ? database().file().string() : "") + "' " + environment + " " ZEL_TABLON " '" +
-                        words + "'");
+        return outputOf(commandOf(words, environment));
     }
     [[nodiscard]] std::vector<std::string> files() const {
         std::vector<std::string> names;
@@ -141,6 +143,27 @@ TEST_P(TablonProgramTest, LongNamesAreWhole) {
     EXPECT_THAT(text, HasSubstr("0123456789012345678901234567890123456789012345678901234567891234"));
     for (const char* word : {"RANGER", "SECOND", "UPPER", "LAKES"})
         EXPECT_THAT(text, HasSubstr(word));
+}
+
+TEST_P(TablonProgramTest, TwoThatPrintTheSamePeopleAtOnceBothPrint) {
+    for (int i = 0; i < 300; ++i)
+        post(200 + i, 11 + i % 3, 5 + i / 30, "08:00", "16:00", 8, i % 2 == 0 ? "1,'FFT2','AD-B',18.20" : "2,'','',0");
+    const std::string one = commandOf(argument("0"));
+    EXPECT_EQ(outputOf("sh -c \"" + one + " & " + one + "; wait\"").first, 0);
+    EXPECT_THAT(files(), ElementsAre("OF-288 all (2).pdf", "OF-288 all.pdf"));
+    EXPECT_EQ(words(textOf("OF-288 all.pdf")), words(textOf("OF-288 all (2).pdf")));
+    EXPECT_THAT(
+        rows("select PersonID, Column288, count(*), max(RptOrder) from PersonsPost group by PersonID, Column288 "
+             "order by PersonID, Column288"),
+        ElementsAre("11|1|51|51", "11|2|50|50", "12|1|50|50", "12|2|50|50", "13|1|50|50", "13|2|50|50"));
+}
+
+TEST_P(TablonProgramTest, LettersThatTheFontDoesNotHaveAndLineEndsAreNoTrouble) {
+    execute("update Persons set LastName='GARC\u00cdA', FirstName='\u5c71\nJO' where PersonID=11");
+    ASSERT_EQ(run(argument("P11")).first, 0);
+    const std::string text = words(textOf("OF-288 P11.pdf"));
+    EXPECT_THAT(text, HasSubstr("GARC\u00cdA, "));
+    EXPECT_THAT(text, HasSubstr("JO"));
 }
 
 TEST_P(TablonProgramTest, TellsInALineWhereThereAreNoWindows) {

@@ -162,5 +162,21 @@ TEST_P(TablonTest, PostingsThatTheFormLeavesOutAreNamed) {
     EXPECT_THAT(pages, SizeIs(1));
 }
 
+TEST_P(TablonTest, ARowThatCannotBeWrittenLeavesAllAsTheyWere) {
+    postings();
+    const char* refusal = onSqlite()
+                              ? "CREATE TRIGGER refusal BEFORE UPDATE ON PersonsPost WHEN NEW.PersonsPostID = 103 "
+                                "BEGIN SELECT RAISE(ABORT, 'not this one'); END"
+                              : "ALTER TABLE PersonsPost ADD CONSTRAINT refusal CHECK (NOT (PersonsPostID = 103 "
+                                "AND Column288 IS NOT NULL))";
+    connection().engine().prepare(refusal, true)->execute({});
+    EXPECT_EQ(run(argument("0")), Outcome::Failed);
+    const auto shown = dialogs.take();
+    ASSERT_THAT(shown, SizeIs(1));
+    EXPECT_THAT(shown[0].text, testing::StartsWith("Error: "));
+    EXPECT_THAT(columns(), ElementsAre("101||", "102||", "103||", "104||"));
+    EXPECT_THAT(names, IsEmpty());
+}
+
 } // namespace
 } // namespace zel::tablon
