@@ -266,6 +266,12 @@ void ReportView::drawPages() {
     drawZoom();
     pages_.showPage(viewer_->currentPage());
     drawPageNumber();
+    // Another report while the window is open already, perhaps behind others.
+    if (QWidget* window = widget()->window(); window->isVisible()) {
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->raise();
+        window->activateWindow();
+    }
 }
 
 void ReportView::drawPageNumber() {

@@ -151,6 +151,20 @@ TEST_F(Viewer, TheMenuShowsTheChargesOfTheIncidentInAWindowOfTheirOwn) {
     EXPECT_TRUE(window().isVisible());
 }
 
+TEST_F(Viewer, AnotherReportBringsTheWindowBack) {
+    open(5);
+    key(Qt::Key_End);
+    key(Qt::Key_Plus, Qt::ControlModifier);
+    search("creek");
+    report().showMinimized();
+    choose("mnuRepCommChg");
+    EXPECT_FALSE(report().isMinimized());
+    EXPECT_EQ(label("decoPageCount"), " of 1 ");
+    EXPECT_EQ(shown().Zoom(), 100);
+    EXPECT_FALSE(face("frmViewRpt", "decoFindLine").isVisible());
+    EXPECT_EQ(pages().verticalScrollBar()->value(), 0);
+}
+
 TEST_F(Viewer, TheRosterOfACrewNamesEachOfItsMembers) {
     put("Reports/CrewRoster.rpt", session().files.read(ZEL_REPORTS "/CrewRoster.rpt").value());
     session().gIncidentID = 1;
