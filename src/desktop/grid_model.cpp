@@ -5,11 +5,41 @@
 #include "desktop/qt_text.h"
 #include "forms/tdb_grid.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <algorithm>
 #include <limits>
 
 namespace zel::desktop {
 
 using forms::TDBGrid;
+
+namespace {
+
+/// On a dark desktop a light grey would glare: the same grey from the other end, and a red that can be read on it.
+bool isDarkDesktop() {
+    return QGuiApplication::palette().color(QPalette::Base).lightness() < 128;
+}
+
+QColor backOf(int color) {
+    const QColor given = colorOf(color);
+    if (!isDarkDesktop() || given.saturation() > 0)
+        return given;
+    constexpr int mirror = 290; // a little above black, so that it stands out from the other rows
+    return QColor::fromHsl(0, 0, std::clamp(mirror - given.lightness(), 0, 255));
+}
+
+/// A key that stands for a text is read as that text.
+bool showsWords(const forms::GridColumn& column) {
+    return column.ValueItems.Translate || column.DropDown() != nullptr;
+}
+
+QColor redOf() {
+    return isDarkDesktop() ? QColor(0xff, 0x9d, 0x94) : QColor(0xb0, 0, 0); // pure red on grey reads badly
+}
+
+} // namespace
 
 GridModel::GridModel(TDBGrid& grid, QObject* parent)
     : QAbstractTableModel(parent), grid_(&grid), lock_(themeIcon("lock")) {}
@@ -47,13 +77,15 @@ QVariant GridModel::rowColor(int row, int role) const {
         return {};
     const forms::RowStyle style = grid_->rowStyle(number);
     if (role == Qt::BackgroundRole)
-        return style.backColor == forms::colors::automatic ? QVariant() : QVariant(colorOf(style.backColor));
-    if (style.foreColor == forms::colors::automatic)
-        return style.backColor == forms::colors::automatic ? QVariant() : QVariant(QColor(Qt::black));
+        return style.backColor == forms::colors::automatic ? QVariant() : QVariant(backOf(style.backColor));
+    if (style.foreColor == forms::colors::automatic) {
+        const bool light = style.backColor != forms::colors::automatic && backOf(style.backColor).lightness() > 127;
+        return light ? QVariant(QColor(Qt::black)) : QVariant();
+    }
     if (style.foreColor == forms::colors::black && style.backColor == forms::colors::automatic)
         return {}; // the desktop's own text colour, which is not black everywhere
     if (style.foreColor == forms::colors::red)
-        return QColor(0xb0, 0, 0); // pure red on light grey reads badly
+        return redOf();
     return colorOf(style.foreColor);
 }
 
@@ -68,7 +100,7 @@ int GridModel::alignment(int row, int column) const {
     case Type::Double:
     case Type::Single:
     case Type::Currency:
-        return middle | (grid_->Columns(column).ValueItems.Translate ? Qt::AlignLeft : Qt::AlignRight);
+        return middle | (showsWords(grid_->Columns(column)) ? Qt::AlignLeft : Qt::AlignRight);
     case Type::DateTime:
     case Type::Boolean:
         return middle | Qt::AlignHCenter;
