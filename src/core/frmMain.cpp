@@ -49,6 +49,10 @@ frmMain::frmMain(Session& state) : Screen(state, "frmMain") {
     };
 }
 
+frmMain::~frmMain() {
+    session.forms.setGridPopup(nullptr);
+}
+
 void frmMain::load() {
     session.gIniPath = FixPath(session.app.Path) + "zel.ini";
     if (!session.gPickCancelled)

@@ -25,6 +25,7 @@ namespace zel::core {
 class frmMain : public Screen {
 public:
     explicit frmMain(Session& state);
+    ~frmMain() override;
 
     /// What its load event does: the current incident, the lists, every visible screen.
     void load();

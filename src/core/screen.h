@@ -37,7 +37,7 @@ protected:
     /// it fails.
     void opening(const std::function<void()>& action);
 
-    /// Shows a pop-up menu of the shell, from RightClick: "mnuPopup" on grids.
+    /// Shows a pop-up menu of the shell, from RightClick. A grid without a menu of its own shows "mnuPopup" anyway.
     void PopupMenu(std::string_view menu);
 
     Session& session;

@@ -1,5 +1,6 @@
 #include "core/failure.h"
 #include "core/frmMain.h"
+#include "forms/form_registry.h"
 #include "forms/tdb_grid.h"
 
 namespace zel::core {
@@ -20,6 +21,7 @@ void frmMain::onGrid(std::string_view name, std::function<void(forms::TDBGrid&)>
 }
 
 void frmMain::connectPopup() {
+    session.forms.setGridPopup(&menu("mnuPopup"));
     onGrid("mnuPopupNew", [this](forms::TDBGrid&) { tbMenu.press("New"); });
     onGrid("mnuPopupSave", [](forms::TDBGrid& grid) { grid.Update(); });
     onGrid("mnuPopupDelete", [](forms::TDBGrid& grid) { grid.Delete(); });
@@ -50,7 +52,10 @@ void frmMain::connectPopup() {
 
 // Cancel clears the remark: the prompt says so.
 void frmMain::addRemarks(forms::TDBGrid& grid) {
-    forms::GridColumn& remarks = grid.Columns("Remarks");
+    const int column = grid.columnIndex("Remarks");
+    if (column < 0 || !grid.whyLocked(grid.row(), column).empty())
+        return;
+    forms::GridColumn& remarks = grid.Columns(column);
     const std::string old = remarks.Text();
     std::string prompt = "Please enter the remarks you would like to save with this record:\r\n"
                          "Click OK to Save the new remark.";

@@ -92,13 +92,17 @@ void ControlView::takeFocus() {
     });
 }
 
-void ControlView::rightClicked() {
+QPoint ControlView::menuPlace() const {
+    return widget_->mapToGlobal(widget_->rect().center());
+}
+
+void ControlView::rightClicked(const QPoint& place) {
     const QPointer<ControlView> self(this);
     act([](forms::User& user, forms::Control& control) { return user.rightClick(control); });
     if (self == nullptr || control_ == nullptr)
         return;
     if (forms::Menu* menu = desk_.session.forms.takePopup(); menu != nullptr && desk_.showPopup)
-        desk_.showPopup(*menu);
+        desk_.showPopup(*menu, place);
 }
 
 bool ControlView::keyPressed(const QKeyEvent& event) {
@@ -120,9 +124,11 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
         return keyPressed(*static_cast<QKeyEvent*>(event));
     case QEvent::ContextMenu:
-        if (!control_->RightClick)
+        if (!control_->RightClick && control_->typeName() != "TDBGrid")
             return false;
-        rightClicked();
+        rightClicked(static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard
+                         ? menuPlace()
+                         : static_cast<QContextMenuEvent*>(event)->globalPos());
         return true;
     default:
         return false;

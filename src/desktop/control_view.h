@@ -34,7 +34,9 @@ protected:
     /// Sends what the widget does with mouse and keyboard to the control as well.
     void watch(QWidget& part);
     bool act(const std::function<forms::Outcome(forms::User&, forms::Control&)>& action);
-    void rightClicked();
+    void rightClicked(const QPoint& place);
+    /// Where the pop-up menu opens that a key asked for.
+    [[nodiscard]] virtual QPoint menuPlace() const;
     [[nodiscard]] Desk& desk() const noexcept { return desk_; }
 
 private:

@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "forms/user.h"
 
+#include <QPoint>
 #include <QString>
 
 #include <functional>
@@ -26,8 +27,8 @@ public:
     core::Session& session;
     /// The printer that reports go to; empty is the desktop's own choice.
     QString printer;
-    /// Shows the pop-up menu that a screen asked for.
-    std::function<void(forms::Menu& menu)> showPopup;
+    /// Shows the pop-up menu that a screen asked for, at a place of the screen.
+    std::function<void(forms::Menu& menu, const QPoint& place)> showPopup;
 
 private:
     forms::User user_;

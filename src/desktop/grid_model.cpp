@@ -47,7 +47,7 @@ GridModel::GridModel(TDBGrid& grid, QObject* parent)
 void GridModel::detach() {
     beginResetModel();
     grid_ = nullptr;
-    rows_ = 0;
+    rows_ = columns_ = 0;
     endResetModel();
 }
 
@@ -56,7 +56,11 @@ int GridModel::rowCount(const QModelIndex& parent) const {
 }
 
 int GridModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() || grid_ == nullptr || grid_->source() == nullptr ? 0 : grid_->columnCount();
+    return parent.isValid() ? 0 : columns_;
+}
+
+bool GridModel::hasColumn(int column) const {
+    return grid_ != nullptr && column < columns_ && column < grid_->columnCount();
 }
 
 std::int64_t GridModel::gridRow(int row) const {
@@ -111,7 +115,7 @@ int GridModel::alignment(int row, int column) const {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     const std::int64_t row = gridRow(index.row());
-    if (row == TDBGrid::noRow || index.column() >= columnCount())
+    if (row == TDBGrid::noRow || !hasColumn(index.column()))
         return {};
     switch (role) {
     case Qt::DisplayRole:
@@ -133,7 +137,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (grid_ == nullptr)
         return {};
     if (orientation == Qt::Horizontal) {
-        if (role == Qt::DisplayRole && section < columnCount())
+        if (role == Qt::DisplayRole && hasColumn(section))
             return toQt(grid_->Columns(section).Caption());
         return {};
     }
@@ -151,26 +155,41 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const std::int64_t row = gridRow(index.row());
-    if (row != TDBGrid::noRow && index.column() < columnCount() && grid_->whyLocked(row, index.column()).empty())
+    if (row != TDBGrid::noRow && hasColumn(index.column()) && grid_->whyLocked(row, index.column()).empty())
         flags |= Qt::ItemIsEditable;
     return flags;
 }
 
-void GridModel::reset() {
+void GridModel::refresh() {
+    tellColumns();
+    tellRows();
+    if (rows_ > 0 && columns_ > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+}
+
+void GridModel::tellColumns() {
+    const int columns = grid_ == nullptr || grid_->source() == nullptr ? 0 : grid_->columnCount();
+    if (columns == columns_)
+        return;
     beginResetModel();
-    const bool bound = grid_ != nullptr && grid_->source() != nullptr;
-    constexpr std::int64_t most = std::numeric_limits<int>::max() - 1;
-    rows_ = bound ? static_cast<int>(std::min(grid_->rowCount(), most)) + (grid_->AllowAddNew ? 1 : 0) : 0;
+    columns_ = columns;
+    rows_ = 0;
     endResetModel();
 }
 
-void GridModel::refresh() {
+void GridModel::tellRows() {
+    constexpr std::int64_t most = std::numeric_limits<int>::max() - 1;
     const bool bound = grid_ != nullptr && grid_->source() != nullptr;
-    const std::int64_t rows = bound ? grid_->rowCount() + (grid_->AllowAddNew ? 1 : 0) : 0;
-    if (rows != rows_)
-        reset();
-    else if (rows_ > 0)
-        Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, std::max(columnCount() - 1, 0)));
+    const int rows = bound ? static_cast<int>(std::min(grid_->rowCount(), most)) + (grid_->AllowAddNew ? 1 : 0) : 0;
+    if (rows > rows_) {
+        beginInsertRows({}, rows_, rows - 1);
+        rows_ = rows;
+        endInsertRows();
+    } else if (rows < rows_) {
+        beginRemoveRows({}, rows, rows_ - 1);
+        rows_ = rows;
+        endRemoveRows();
+    }
 }
 
 } // namespace zel::desktop

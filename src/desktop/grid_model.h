@@ -21,9 +21,8 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// Everything may be another.
-    void reset();
-    /// The same rows may hold other values; tells whether their number has changed, which resets.
+    /// Tells Qt what is new: rows more or fewer, other values, other columns. What the clerk sees of the table stays
+    /// where it is: rows are looked up by number, so that they may well come and go at the end.
     void refresh();
     void detach();
 
@@ -32,11 +31,14 @@ public:
     [[nodiscard]] int viewRow(std::int64_t row) const;
 
 private:
+    [[nodiscard]] bool hasColumn(int column) const;
     [[nodiscard]] QVariant rowColor(int row, int role) const;
     [[nodiscard]] int alignment(int row, int column) const;
+    void tellColumns();
+    void tellRows();
 
     forms::TDBGrid* grid_;
-    int rows_ = 0; // as Qt was told
+    int rows_ = 0, columns_ = 0; // as Qt was told
     QIcon lock_;
 };
 

@@ -2,96 +2,28 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/row_model.h"
-#include "forms/tdb_drop_down.h"
 #include "forms/tdb_grid.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTimer>
 
-#include <set>
+#include <algorithm>
 
 namespace zel::desktop {
 
 using forms::Property;
 using forms::TDBGrid;
 
-namespace {
-
-/// The mask in Qt's letters; the prompt is the same.
-QString inputMask(const std::string& mask) {
-    QString translated;
-    for (const QChar letter : toQt(mask)) {
-        if (letter == QLatin1Char('#') || letter == QLatin1Char('9'))
-            translated += QLatin1Char('9');
-        else if (letter == QLatin1Char('?'))
-            translated += QLatin1Char('a');
-        else if (letter == QLatin1Char('a') || letter == QLatin1Char('A'))
-            translated += QLatin1Char('n');
-        else if (letter == QLatin1Char('&') || letter == QLatin1Char('C') || letter == QLatin1Char('@'))
-            translated += QLatin1Char('x');
-        else
-            translated += letter;
-    }
-    return translated.isEmpty() ? translated : translated + QStringLiteral(";_");
-}
-
-QStringList choices(const forms::GridColumn& column) {
-    QStringList texts;
-    if (const forms::TDBDropDown* list = column.DropDown()) {
-        for (std::int64_t row = 0; list->isBound() && row < list->rowCount(); ++row)
-            texts << toQt(list->listText(row));
-    } else if (column.ValueItems.presentation != forms::ValueItems::Presentation::Normal) {
-        for (const forms::ValueItem& item : column.ValueItems.items())
-            texts << toQt(column.ValueItems.Translate ? item.display : item.value);
-    }
-    return texts;
-}
-
-} // namespace
-
-/// Opens the cells: the grid decides whether a cell opens and what becomes of its text.
-class GridView::CellDelegate final : public QStyledItemDelegate {
-public:
-    explicit CellDelegate(GridView& view) : QStyledItemDelegate(&view), view_(view) {}
-
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& cell) const override {
-        return view_.openCell(*parent, cell);
-    }
-    void setEditorData(QWidget* editor, const QModelIndex& cell) const override {
-        const QString text = cell.data(Qt::EditRole).toString();
-        if (auto* combo = dynamic_cast<QComboBox*>(editor)) {
-            combo->setCurrentIndex(combo->findText(text));
-            if (combo->isEditable())
-                combo->setEditText(text);
-        } else if (auto* line = dynamic_cast<QLineEdit*>(editor)) {
-            line->setText(text);
-            line->selectAll();
-        }
-    }
-    void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const override {
-        if (const auto* combo = dynamic_cast<const QComboBox*>(editor))
-            view_.closeCell(combo->currentText());
-        else if (const auto* line = dynamic_cast<const QLineEdit*>(editor))
-            view_.closeCell(line->text());
-    }
-    void destroyEditor(QWidget* editor, const QModelIndex& cell) const override {
-        view_.leaveCell();
-        QStyledItemDelegate::destroyEditor(editor, cell);
-    }
-
-private:
-    GridView& view_;
-};
-
 GridView::GridView(TDBGrid& grid, QTableView& widget, Desk& desk)
-    : ControlView(grid, widget, desk), grid_(grid), table_(widget), model_(grid) {
+    : ControlView(grid, widget, desk), grid_(grid), table_(widget), model_(grid), editor_(new CellEditor(&widget)) {
     connectTable();
+    connectCells();
 }
 
 void GridView::connectTable() {
@@ -102,26 +34,31 @@ void GridView::connectTable() {
     table_.verticalHeader()->setFixedWidth(table_.fontMetrics().height() + 8);
     table_.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                            QAbstractItemView::AnyKeyPressed | QAbstractItemView::SelectedClicked);
-    table_.setItemDelegate(new CellDelegate(*this));
+    table_.setItemDelegate(editor_);
     table_.setModel(&model_);
-    table_.horizontalHeader()->setSectionsClickable(true);
+    table_.viewport()->installEventFilter(this);
+    table_.verticalHeader()->viewport()->installEventFilter(this);
+    connect(&model_, &GridModel::modelReset, this, [this] { shapes_.clear(); });
     connect(table_.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& cell) { cellEntered(cell); });
     connect(table_.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { rowsMarked(); });
-    connect(table_.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
-        if (control() != nullptr)
-            act([this, column](forms::User& user, forms::Control& grid) {
-                return user.headClick(grid, grid_.Columns(column).Caption());
-            });
-    });
+    connect(table_.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) { headClicked(column); });
     connect(&table_, &QTableView::doubleClicked, this, [this] {
         if (control() != nullptr && grid_.DblClick)
             act([](forms::User& user, forms::Control& grid) { return user.doubleClick(grid); });
     });
 }
 
+void GridView::connectCells() {
+    editor_->opened = [this](const QModelIndex& cell) { return openCell(cell); };
+    editor_->entered = [this](const QString& text) { closeCell(text); };
+    editor_->closed = [this] { leaveCell(); };
+}
+
 void GridView::detach() {
     drawing_ = true;
+    if (footer_)
+        footer_->detach();
     model_.detach();
     ControlView::detach();
 }
@@ -129,29 +66,18 @@ void GridView::detach() {
 void GridView::settled() {
     if (control() == nullptr || closing_ || grid_.editing() || !table_.isVisible())
         return;
-    drawing_ = true;
-    model_.refresh();
-    drawing_ = false;
-    drawCurrent();
+    refresh();
 }
 
 void GridView::draw(Property property) {
     ControlView::draw(property);
-    if (closing_ && (property == Property::Items || property == Property::Columns || property == Property::Selection)) {
-        // The cell's editor must be gone before the rows are drawn anew.
-        QTimer::singleShot(0, this, [this] {
-            if (control() != nullptr)
-                draw(Property::Items);
-        });
-        return;
-    }
-    if (property == Property::Items || property == Property::Columns) {
-        drawing_ = true;
-        model_.reset();
-        layOut();
-        drawing_ = false;
-        drawCurrent();
-        drawMarks();
+    const bool rows = property == Property::Items || property == Property::Columns || property == Property::Selection;
+    if (closing_ && rows) {
+        drawLater(); // the cell's editor goes first
+    } else if (property == Property::Items || property == Property::Columns) {
+        if (!grid_.editing())
+            editor_->abandon();
+        refresh();
     } else if (property == Property::Selection) {
         drawCurrent();
         drawMarks();
@@ -160,20 +86,58 @@ void GridView::draw(Property property) {
     }
 }
 
+void GridView::drawLater() {
+    QTimer::singleShot(0, this, [this] {
+        if (control() != nullptr && !closing_)
+            refresh();
+    });
+}
+
+void GridView::refresh() {
+    drawing_ = true;
+    model_.refresh();
+    layOut();
+    drawFooter();
+    table_.verticalHeader()->viewport()->update(); // the locks
+    drawing_ = false;
+    drawCurrent();
+    drawMarks();
+}
+
+/// A width that the clerk has dragged stays until the columns become others.
 void GridView::layOut() {
-    constexpr int margin = 16;
-    int last = -1;
+    decltype(shapes_) shapes;
+    bool pressed = false;
     for (int column = 0; column < model_.columnCount(); ++column) {
         const forms::GridColumn& shape = grid_.Columns(column);
-        const bool shown = shape.Visible() && shape.Width() > 0;
-        table_.setColumnHidden(column, !shown);
-        if (!shown)
-            continue;
-        last = column;
-        const int head = table_.fontMetrics().horizontalAdvance(toQt(shape.Caption())) + margin;
-        table_.setColumnWidth(column, std::max(pixels(shape.Width(), table_), head));
+        shapes.emplace_back(toQt(shape.Caption()), shape.Visible() && shape.Width() > 0, shape.Width());
+        pressed = pressed || shape.ButtonHeader;
     }
-    table_.horizontalHeader()->setStretchLastSection(last >= 0);
+    table_.horizontalHeader()->setSectionsClickable(pressed || grid_.HeadClick != nullptr);
+    if (shapes == shapes_)
+        return;
+    constexpr int margin = 16;
+    shapes_ = std::move(shapes);
+    bool any = false;
+    for (int column = 0; column < static_cast<int>(shapes_.size()); ++column) {
+        const auto& [caption, shown, twips] = shapes_[static_cast<std::size_t>(column)];
+        table_.setColumnHidden(column, !shown);
+        any = any || shown;
+        const int head = table_.horizontalHeader()->fontMetrics().horizontalAdvance(caption) + margin;
+        if (shown)
+            table_.setColumnWidth(column, std::max(pixels(twips, table_), head));
+    }
+    table_.horizontalHeader()->setStretchLastSection(any);
+}
+
+void GridView::drawFooter() {
+    bool any = false;
+    for (int column = 0; column < model_.columnCount(); ++column)
+        any = any || !grid_.Columns(column).FooterText().empty();
+    if (footer_ == nullptr && any)
+        footer_ = new GridFooter(grid_, table_);
+    if (footer_ != nullptr)
+        footer_->refresh();
 }
 
 void GridView::drawCurrent() {
@@ -188,21 +152,32 @@ void GridView::drawCurrent() {
     if (row < 0)
         table_.setCurrentIndex({});
     else if (cell.isValid() && table_.currentIndex() != cell)
-        table_.selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        table_.selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     drawing_ = false;
 }
 
+/// The marked rows, or the current one where none is.
 void GridView::drawMarks() {
-    if (drawing_ || control() == nullptr || grid_.SelBookmarks.Count() == 0 || grid_.source() == nullptr)
+    if (drawing_ || control() == nullptr || model_.columnCount() == 0)
         return;
-    drawing_ = true;
+    std::vector<int> rows;
+    for (int i = 0; grid_.source() != nullptr && i < grid_.SelBookmarks.Count(); ++i)
+        rows.push_back(model_.viewRow(grid_.source()->rowOf(grid_.SelBookmarks(i))));
+    if (rows.empty())
+        rows.push_back(model_.viewRow(grid_.row()));
+    std::sort(rows.begin(), rows.end());
     QItemSelection marks;
-    for (int i = 0; i < grid_.SelBookmarks.Count(); ++i) {
-        const int row = model_.viewRow(grid_.source()->rowOf(grid_.SelBookmarks(i)));
-        if (row >= 0)
-            marks.select(model_.index(row, 0), model_.index(row, std::max(model_.columnCount() - 1, 0)));
+    for (std::size_t i = 0; i < rows.size();) {
+        std::size_t end = i + 1;
+        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
+            ++end;
+        if (rows[i] >= 0)
+            marks.select(model_.index(rows[i], 0), model_.index(rows[end - 1], model_.columnCount() - 1));
+        i = end;
     }
-    table_.selectionModel()->select(marks, QItemSelectionModel::ClearAndSelect);
+    drawing_ = true;
+    if (table_.selectionModel()->selection() != marks)
+        table_.selectionModel()->select(marks, QItemSelectionModel::ClearAndSelect);
     drawing_ = false;
 }
 
@@ -218,29 +193,67 @@ void GridView::cellEntered(const QModelIndex& cell) {
     if (grid_.row() == row)
         grid_.setCol(cell.column());
     else // the row that was left keeps the clerk
-        QTimer::singleShot(0, this, [this] { drawCurrent(); });
+        drawLater();
 }
 
 void GridView::rowsMarked() {
     if (drawing_ || control() == nullptr || grid_.source() == nullptr || grid_.editing())
         return;
     std::vector<std::int64_t> rows;
-    std::set<int> seen;
-    for (const QItemSelectionRange& range : table_.selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            if (model_.gridRow(row) >= 0 && seen.insert(row).second)
-                rows.push_back(row);
-        }
+    const std::int64_t current = model_.gridRow(table_.currentIndex().row());
+    bool withCurrent = false;
+    for (const QModelIndex& index : table_.selectionModel()->selectedRows(0)) {
+        const std::int64_t row = model_.gridRow(index.row());
+        if (row == current)
+            withCurrent = true;
+        else if (row >= 0)
+            rows.push_back(row);
     }
-    // One row is the current one and no more; marking takes at least two, or ends with one.
-    if (rows.size() < 2 && grid_.SelBookmarks.Count() == 0)
+    std::sort(rows.begin(), rows.end());
+    if (withCurrent && current >= 0)
+        rows.push_back(current); // the last one marked becomes the current row
+    if (rows.size() == 1 && !marking_)
+        rows.clear(); // the clerk only went there
+    if (rows.empty() && grid_.SelBookmarks.Count() == 0)
         return;
+    const QPointer<GridView> self(this);
+    drawing_ = true;
     act([&rows](forms::User& user, forms::Control& grid) { return user.selectRows(grid, rows); });
+    if (self == nullptr)
+        return;
+    drawing_ = false;
+    if (control() != nullptr && !rows.empty() && grid_.row() != rows.back())
+        drawLater();
 }
 
+void GridView::toggleMark() {
+    const QModelIndex current = table_.currentIndex();
+    if (!current.isValid())
+        return;
+    // The first mark stands alone: until now the current row only looked marked.
+    const bool first = grid_.SelBookmarks.Count() == 0;
+    marking_ = true;
+    drawing_ = first;
+    if (first)
+        table_.clearSelection();
+    drawing_ = false;
+    table_.selectionModel()->select(current, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+    marking_ = false;
+}
+
+void GridView::headClicked(int column) {
+    if (control() != nullptr && column >= 0 && column < model_.columnCount())
+        act([this, column](forms::User& user, forms::Control& grid) {
+            return user.headClick(grid, grid_.Columns(column).Caption());
+        });
+}
+
+/// The marked rows, cells parted by tabs; the current cell where no row is marked.
 void GridView::copy() const {
     QStringList lines;
-    QModelIndexList rows = table_.selectionModel()->selectedRows(0);
+    QModelIndexList rows;
+    if (grid_.SelBookmarks.Count() > 0)
+        rows = table_.selectionModel()->selectedRows(0);
     std::sort(rows.begin(), rows.end());
     for (const QModelIndex& row : rows) {
         QStringList cells;
@@ -250,11 +263,15 @@ void GridView::copy() const {
         }
         lines << cells.join(QLatin1Char('\t'));
     }
+    if (rows.isEmpty() && table_.currentIndex().isValid())
+        lines << table_.currentIndex().data().toString();
     QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 bool GridView::keyPressed(const QKeyEvent& event) {
+    constexpr auto markers = Qt::ControlModifier | Qt::ShiftModifier;
     auto* key = const_cast<QKeyEvent*>(&event);
+    marking_ = (event.modifiers() & markers) != 0;
     if (key->matches(QKeySequence::Copy)) {
         copy();
         return true;
@@ -270,37 +287,41 @@ bool GridView::keyPressed(const QKeyEvent& event) {
         if (grid_.AllowDelete)
             act([](forms::User& user, forms::Control& grid) { return user.deleteRow(grid); });
         return true;
+    case Qt::Key_Space:
+        if ((event.modifiers() & Qt::ControlModifier) == 0)
+            return false;
+        toggleMark();
+        return true;
+    case Qt::Key_F9:
+        headClicked(table_.currentIndex().column());
+        return true;
     default:
         return false; // Qt moves the current cell, which cellEntered tells the grid
     }
 }
 
-bool GridView::eventFilter(QObject* watched, QEvent* event) {
-    return ControlView::eventFilter(watched, event);
+QPoint GridView::menuPlace() const {
+    return table_.viewport()->mapToGlobal(table_.visualRect(table_.currentIndex()).bottomLeft());
 }
 
-QWidget* GridView::openCell(QWidget& parent, const QModelIndex& cell) {
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        constexpr auto markers = Qt::ControlModifier | Qt::ShiftModifier;
+        // A click left of a row marks it.
+        marking_ = watched == table_.verticalHeader()->viewport() ||
+                   (static_cast<QMouseEvent*>(event)->modifiers() & markers) != 0;
+    }
+    return watched == &table_ ? ControlView::eventFilter(watched, event) : false;
+}
+
+forms::GridColumn* GridView::openCell(const QModelIndex& cell) {
     if (control() == nullptr)
         return nullptr;
     const std::int64_t row = model_.gridRow(cell.row());
     const int column = cell.column();
     const bool open =
         act([row, column](forms::User& user, forms::Control& grid) { return user.beginCell(grid, row, column); });
-    if (!open || control() == nullptr)
-        return nullptr;
-    const forms::GridColumn& shape = grid_.Columns(column);
-    if (const QStringList texts = choices(shape); !texts.isEmpty()) {
-        auto* combo = new QComboBox(&parent);
-        combo->addItems(texts);
-        return combo;
-    }
-    auto* line = new QLineEdit(&parent);
-    line->setFrame(false);
-    if (shape.DataWidth() > 0)
-        line->setMaxLength(shape.DataWidth());
-    if (!shape.EditMask().empty())
-        line->setInputMask(inputMask(shape.EditMask()));
-    return line;
+    return open && control() != nullptr ? &grid_.Columns(column) : nullptr;
 }
 
 void GridView::closeCell(const QString& text) {

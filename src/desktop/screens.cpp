@@ -46,9 +46,9 @@ Screens::Screens(Desk& desk) : desk_(desk) {
             shown.view->settled();
     };
     connectPrintSetup(desk_, [this] { return front(); });
-    desk_.showPopup = [this](forms::Menu& menu) {
+    desk_.showPopup = [this](forms::Menu& menu, const QPoint& place) {
         if (shell_)
-            shell_->popup(menu);
+            shell_->popup(menu, place);
     };
 }
 

@@ -6,7 +6,6 @@
 #include "forms/menu.h"
 
 #include <QAction>
-#include <QCursor>
 #include <QFrame>
 #include <QLabel>
 #include <QMainWindow>
@@ -169,10 +168,10 @@ void ShellView::showScreen(QWidget& page) {
     screens_->setCurrentWidget(&page);
 }
 
-void ShellView::popup(forms::Menu& menu) {
+void ShellView::popup(forms::Menu& menu, const QPoint& place) {
     QMenu shown(&window_);
     fill(shown, menu);
-    shown.exec(QCursor::pos());
+    shown.exec(place);
 }
 
 } // namespace zel::desktop

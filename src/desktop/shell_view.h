@@ -9,6 +9,7 @@
 
 class QMainWindow;
 class QMenu;
+class QPoint;
 class QStackedWidget;
 class QWidget;
 
@@ -31,7 +32,7 @@ public:
     /// Puts a screen into the middle, its title above it; gives what was put there.
     QWidget* addScreen(QWidget& widgets, const QString& title);
     void showScreen(QWidget& page);
-    void popup(forms::Menu& menu);
+    void popup(forms::Menu& menu, const QPoint& place);
 
 private:
     void makeMenus();

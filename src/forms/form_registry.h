@@ -59,6 +59,9 @@ public:
     /// Shows a pop-up menu where the mouse is; a screen calls it from RightClick. The front end takes it from here.
     void PopupMenu(Menu& menu) { popup_ = &menu; }
     [[nodiscard]] Menu* takePopup() noexcept { return std::exchange(popup_, nullptr); }
+    /// What a grid shows that has no pop-up menu of its own; nullptr for nothing.
+    void setGridPopup(Menu* menu) noexcept { gridPopup_ = menu; }
+    [[nodiscard]] Menu* gridPopup() const noexcept { return gridPopup_; }
 
     /// Raised for every form as it becomes loaded and before it is destroyed, and when the active form changes.
     std::function<void(Form&)> formLoaded, formUnloaded;
@@ -102,7 +105,7 @@ private:
     std::vector<Form*> modal_;
     std::string shell_;
     int actions_ = 0;
-    Menu* popup_ = nullptr;
+    Menu *popup_ = nullptr, *gridPopup_ = nullptr;
     bool hourglass_ = false;
 };
 

@@ -134,6 +134,14 @@ bool TDBGrid::moveBy(std::int64_t rows) {
     return !bof_ && !eof_ && setRow(at + rows);
 }
 
+int TDBGrid::shownColumn(int step) const {
+    const int count = static_cast<int>(columns_.size());
+    int column = col_ + step;
+    while (column >= 0 && column < count && (!columns_[column].Visible() || columns_[column].Width() <= 0))
+        column += step;
+    return column < count ? column : -1;
+}
+
 bool TDBGrid::takeKey(int key) {
     switch (key) {
     case keys::up:
@@ -149,16 +157,16 @@ bool TDBGrid::takeKey(int key) {
         CancelUpdate();
         return true;
     case keys::left:
-        setCol(col_ - 1);
+        setCol(shownColumn(-1));
         return true;
     case keys::right:
     case keys::enter:
-        setCol(col_ + 1);
+        setCol(shownColumn(1));
         return true;
     case keys::tab:
-        if (col_ + 1 >= static_cast<int>(columns_.size()))
+        if (shownColumn(1) < 0)
             return false;
-        setCol(col_ + 1);
+        setCol(shownColumn(1));
         return true;
     case keys::del:
         if (AllowDelete && SelBookmarks.Count() > 0)

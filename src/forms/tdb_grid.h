@@ -151,6 +151,8 @@ private:
     bool leaveRow();
     void tellMoved(std::int64_t lastRow, int lastColumn);
     bool moveBy(std::int64_t rows);
+    /// The next column to the right (1) or left (-1) that is shown; -1 for none.
+    [[nodiscard]] int shownColumn(int step) const;
 
     std::unique_ptr<RowSource> source_;
     Subscription sourceWatch_;

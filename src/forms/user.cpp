@@ -311,6 +311,9 @@ Outcome User::rightClick(Control& target) {
     if (auto refused = enter(target); !refused)
         return refused;
     (void)forms_.takePopup();
+    Menu* menu = dynamic_cast<TDBGrid*>(&target) == nullptr ? nullptr : forms_.gridPopup();
+    if (menu != nullptr && !target.RightClick)
+        forms_.PopupMenu(*menu);
     Control::raise(target.RightClick);
     return {};
 }

@@ -20,7 +20,6 @@ public:
         grid.addColumn("Remarks", "Remarks");
         grid.bind(adoPost);
         grid.AllowDelete = true;
-        grid.RightClick = [this] { PopupMenu("mnuPopup"); };
         txtOther.RightClick = [this] { PopupMenu("mnuPostCrewPopUp"); };
     }
     forms::Adodc adoPost{*this, "AdoPost"};
@@ -121,6 +120,26 @@ TEST_P(PopupTest, DeleteDeletesTheRow) {
     choose("mnuPopupDelete");
     EXPECT_EQ(screen().grid.rowCount(), 2);
     EXPECT_EQ(screen().grid.cellText(0, 0), "2");
+}
+
+TEST_P(PopupTest, AGridWithAMenuOfItsOwnShowsThatOne) {
+    screen().grid.RightClick = screen().txtOther.RightClick;
+    EXPECT_EQ(program.user.popup(screen().grid, "mnuPopupDelete").refusal,
+              "mnuPostCrewPopUp has no entry mnuPopupDelete");
+    EXPECT_EQ(screen().grid.rowCount(), 3);
+}
+
+TEST_P(PopupTest, ARowThatIsLockedTakesNoRemark) {
+    screen().grid.FetchRowStyle = [](forms::Bookmark, forms::RowStyle& style) { style.locked = true; };
+    choose("mnuPopupRemarks");
+    EXPECT_TRUE(program.dialogs.take().empty());
+}
+
+TEST_P(PopupTest, AGridWithoutRemarksAsksForNone) {
+    screen().grid.removeColumns();
+    screen().grid.addColumn("Key", "PersonsPostID");
+    choose("mnuPopupRemarks");
+    EXPECT_TRUE(program.dialogs.take().empty());
 }
 
 TEST_P(PopupTest, NewAndFindDoNothing) {

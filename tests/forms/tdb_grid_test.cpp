@@ -5,6 +5,7 @@
 #include "forms/screen_test.h"
 #include "forms/tdb_drop_down.h"
 #include "forms/text_box.h"
+#include "forms/user.h"
 
 namespace zel::forms {
 
@@ -374,6 +375,20 @@ TEST_F(TDBGridTest, FooterAndColumnTraitsTellTheFrontEnd) {
     rate.setVisible(false);
     EXPECT_EQ(told, 4);
     EXPECT_EQ(rate.FooterText(), "$112.50");
+}
+
+TEST_F(TDBGridTest, TabPassesHiddenColumnsByAndLeavesBehindTheLastShownOne) {
+    TextBox next(form, "txtNext");
+    grid.Columns(4).setWidth(1440);
+    grid.SetFocus();
+    grid.setCol(2);
+    EXPECT_TRUE(done(desk.user.key(grid, keys::tab)));
+    EXPECT_EQ(grid.Col(), 4);
+    EXPECT_TRUE(done(desk.user.key(grid, keys::left)));
+    EXPECT_EQ(grid.Col(), 2);
+    grid.Columns(4).setVisible(false);
+    EXPECT_TRUE(done(desk.user.key(grid, keys::tab)));
+    EXPECT_NE(form.ActiveControl(), &grid);
 }
 
 TEST_F(TDBGridTest, CancellingACellTakesItBack) {
