@@ -5,7 +5,9 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
+#include <QStyle>
 #include <QSvgRenderer>
+#include <QWidget>
 
 #include <map>
 
@@ -35,6 +37,10 @@ const std::map<QString, QString>& themeNames() {
         {QStringLiteral("zoom-in"), QStringLiteral("zoom-in")},
         {QStringLiteral("zoom-out"), QStringLiteral("zoom-out")},
         {QStringLiteral("close"), QStringLiteral("window-close")},
+        {QStringLiteral("critical"), QStringLiteral("dialog-error")},
+        {QStringLiteral("exclamation"), QStringLiteral("dialog-warning")},
+        {QStringLiteral("question"), QStringLiteral("dialog-question")},
+        {QStringLiteral("information"), QStringLiteral("dialog-information")},
     };
     return names;
 }
@@ -48,7 +54,7 @@ QIcon ownIcon(const QString& name) {
     drawing.replace("currentColor", QGuiApplication::palette().color(QPalette::WindowText).name().toLatin1());
     QSvgRenderer renderer(drawing);
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64}) {
+    for (const int size : {16, 24, 32, 48, 64, 96, 128}) {
         QPixmap picture(size, size);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
@@ -66,6 +72,11 @@ QIcon themeIcon(const QString& name) {
     if (named != themeNames().end() && QIcon::hasThemeIcon(named->second))
         return QIcon::fromTheme(named->second);
     return ownIcon(name);
+}
+
+QPixmap boxPicture(const QString& name, const QWidget& widget) {
+    const int size = widget.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &widget);
+    return themeIcon(name).pixmap(QSize(size, size), widget.devicePixelRatioF());
 }
 
 } // namespace zel::desktop

@@ -2,6 +2,7 @@
 #include "desktop/edit_view.h"
 #include "desktop/grid_view.h"
 #include "desktop/list_combo.h"
+#include "desktop/memo_view.h"
 #include "desktop/plain_views.h"
 #include "desktop/report_view.h"
 #include "desktop/rows_view.h"
@@ -9,7 +10,7 @@
 #include "forms/label.h"
 #include "forms/progress_bar.h"
 #include "forms/tdb_grid.h"
-#include "forms/text_edit.h"
+#include "forms/text_box.h"
 #include "forms/toolbar.h"
 #include "forms/vs_index_tab.h"
 #include "reports/report_viewer.h"
@@ -17,6 +18,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -44,6 +46,7 @@ constexpr Maker makers[] = {
     viewIf<ButtonView, forms::OptionButton, QAbstractButton>,
     viewIf<EditView, forms::TextEdit, QLineEdit>,
     viewIf<EditView, forms::TextEdit, ListCombo>,
+    viewIf<MemoView, forms::TextBox, QPlainTextEdit>,
     viewIf<GridView, forms::TDBGrid, QTableView>,
     viewIf<ProgressView, forms::ProgressBar, QProgressBar>,
     viewIf<TabView, forms::vsIndexTab, QTabWidget>,

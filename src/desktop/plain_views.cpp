@@ -1,5 +1,6 @@
 #include "desktop/plain_views.h"
 
+#include "desktop/icons.h"
 #include "desktop/qt_text.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
@@ -17,11 +18,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
-#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 
-#include <map>
+#include <set>
 
 namespace zel::desktop {
 
@@ -44,17 +44,11 @@ LabelView::LabelView(forms::Captioned& label, QLabel& widget, Desk& desk)
     widget.setTextFormat(Qt::PlainText);
 }
 
-/// A label whose tag names one of the desktop's icons shows that.
+/// A label whose tag names an icon of the boxes shows that.
 void LabelView::drawIcon() {
-    static const std::map<std::string, QStyle::StandardPixmap> icons{{"critical", QStyle::SP_MessageBoxCritical},
-                                                                     {"exclamation", QStyle::SP_MessageBoxWarning},
-                                                                     {"question", QStyle::SP_MessageBoxQuestion},
-                                                                     {"information", QStyle::SP_MessageBoxInformation}};
-    const auto icon = icons.find(label_.Tag());
-    if (icon == icons.end())
-        return;
-    const int size = face_.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &face_);
-    face_.setPixmap(face_.style()->standardIcon(icon->second, nullptr, &face_).pixmap(size));
+    static const std::set<std::string> icons{"critical", "exclamation", "question", "information"};
+    if (icons.count(label_.Tag()) != 0)
+        face_.setPixmap(boxPicture(toQt(label_.Tag()), face_));
 }
 
 void LabelView::draw(Property property) {

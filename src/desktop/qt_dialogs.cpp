@@ -1,5 +1,6 @@
 #include "desktop/qt_dialogs.h"
 
+#include "desktop/icons.h"
 #include "desktop/qt_text.h"
 #include "forms/form.h"
 
@@ -64,6 +65,20 @@ QMessageBox::Icon iconOf(forms::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// The name of the icon's drawing, sharp at any scale.
+const char* pictureOf(forms::Icon icon) {
+    switch (icon) {
+    case forms::Icon::Critical:
+        return "critical";
+    case forms::Icon::Question:
+        return "question";
+    case forms::Icon::Exclamation:
+        return "exclamation";
+    default:
+        return "information";
+    }
+}
+
 /// Spaces and tabs of the text stay as they are; what follows a tab stands in a column.
 QString boxText(const std::string& text) {
     constexpr int tabWidth = 8;
@@ -110,6 +125,9 @@ Answer QtDialogs::showMessage(const forms::MessageBox& box) {
     window.setTextFormat(Qt::PlainText);
     window.setText(boxText(box.text));
     window.setIcon(iconOf(box.icon));
+    auto* picture = window.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+    if (picture != nullptr && box.icon != forms::Icon::None)
+        picture->setPixmap(boxPicture(QLatin1String(pictureOf(box.icon)), window));
     // Left to right as the system names them, whatever order the desktop prefers.
     if (auto* buttons = window.findChild<QDialogButtonBox*>())
         buttons->setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: 0 }"));

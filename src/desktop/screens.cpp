@@ -96,6 +96,11 @@ void Screens::place(FormView& view) {
         window->setWindowTitle(title);
         window->installEventFilter(this);
         shell_ = std::make_unique<ShellView>(*shell, *window, desk_);
+        shell_->toScreen = [this] {
+            const forms::Form* active = desk_.session.forms.ActiveForm();
+            if (FormView* screen = active == nullptr ? nullptr : viewOf(*active))
+                screen->drawFocus();
+        };
         return;
     }
     if (dynamic_cast<core::DialogWindow*>(view.form()) == nullptr && shell_) {

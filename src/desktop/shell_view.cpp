@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -26,6 +27,8 @@ namespace {
 QKeySequence shortcutOf(const std::string& entry) {
     static const std::map<std::string, QKeySequence> keys{{"mnuDataPath", QKeySequence(Qt::CTRL | Qt::Key_O)},
                                                           {"mnuFileRefresh", QKeySequence(Qt::Key_F5)},
+                                                          {"mnuPrintSetup", QKeySequence(Qt::CTRL | Qt::Key_P)},
+                                                          {"mnuResSearch", QKeySequence(Qt::CTRL | Qt::Key_F)},
                                                           {"mnuExit", QKeySequence(Qt::CTRL | Qt::Key_Q)},
                                                           {"mnuPostPers", QKeySequence(Qt::Key_F6)},
                                                           {"mnuPostCrews", QKeySequence(Qt::Key_F7)},
@@ -54,6 +57,7 @@ ShellView::ShellView(core::frmMain& shell, QMainWindow& window, Desk& desk)
     makeMenus();
     makeToolbar();
     markButtons();
+    makeSelectorKeys();
     watchManageAll();
 }
 
@@ -132,7 +136,38 @@ void ShellView::markButtons() {
         button->setIcon(themeIcon(QLatin1String(screenIcons[index])));
         button->setIconSize({icon, icon});
         button->setCheckable(true);
+        const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + index));
+        button->setToolTip(keys.toString(QKeySequence::NativeText));
+        onKeys(keys, [this, index] {
+            desk_.act([this, index](forms::User& user) { return user.click(shell_.optMenu(index)); });
+        });
     }
+}
+
+void ShellView::onKeys(const QKeySequence& keys, const std::function<void()>& action) {
+    auto* shortcut = new QShortcut(keys, &window_);
+    QObject::connect(shortcut, &QShortcut::activated, &window_, action);
+}
+
+/// The selector is out of the way of the screens' tab order; keys go there and back.
+void ShellView::makeSelectorKeys() {
+    for (const int box : {0, 1}) {
+        const QKeySequence keys(box == 0 ? QKeySequence(Qt::CTRL | Qt::Key_L)
+                                         : QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L));
+        window_.findChild<QWidget*>(QStringLiteral("dbcIncident_%1").arg(box))
+            ->setToolTip(keys.toString(QKeySequence::NativeText));
+        onKeys(keys, [this, box] { toSelector(box); });
+    }
+    onKeys(QKeySequence(Qt::CTRL | Qt::Key_M),
+           [this] { desk_.act([this](forms::User& user) { return user.click(shell_.chkManageAll); }); });
+}
+
+void ShellView::toSelector(int box) {
+    const QWidget* selector = window_.findChild<QWidget*>(QStringLiteral("dbcIncident_%1").arg(box));
+    if (selector->hasFocus() && toScreen)
+        toScreen();
+    else
+        desk_.act([this, box](forms::User& user) { return user.moveFocus(shell_.dbcIncident(box)); });
 }
 
 /// The strip that says so while all incidents are managed as one.

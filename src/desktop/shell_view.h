@@ -5,8 +5,10 @@
 
 #include <QString>
 
+#include <functional>
 #include <vector>
 
+class QKeySequence;
 class QMainWindow;
 class QMenu;
 class QPoint;
@@ -33,9 +35,14 @@ public:
     QWidget* addScreen(QWidget& widgets, const QString& title);
     void showScreen(QWidget& page);
     void popup(forms::Menu& menu, const QPoint& place);
+    /// Gives the focus back to the screen in front.
+    std::function<void()> toScreen;
 
 private:
     void makeMenus();
+    void makeSelectorKeys();
+    void onKeys(const QKeySequence& keys, const std::function<void()>& action);
+    void toSelector(int box);
     void makeToolbar();
     void markButtons();
     void watchManageAll();

@@ -17,6 +17,7 @@ public:
     void setPasswordChar(std::string character) { passwordChar_ = std::move(character); }
 
     bool takeKey(int key) override;
+    bool erase(bool forward = false) override;
 
 private:
     bool multiLine_ = false;

@@ -17,11 +17,13 @@ public:
     forms::Label lblForgotten{*this, "lblForgotten", "Forgotten"};
 };
 
-using Binder = DesktopTest;
+class Binder : public DesktopTest {};
 
 } // namespace
 
-TEST_F(Binder, EveryControlOfEveryScreenHasAWidgetAndEveryWidgetAControl) {
+ZEL_ON_BOTH_ENGINES(Binder);
+
+TEST_P(Binder, EveryControlOfEveryScreenHasAWidgetAndEveryWidgetAControl) {
     for (const QString& name : desktop::drawnForms()) {
         forms::Form* form = session().forms.load(name.toStdString());
         ASSERT_NE(form, nullptr) << name.toStdString();
@@ -31,7 +33,7 @@ TEST_F(Binder, EveryControlOfEveryScreenHasAWidgetAndEveryWidgetAControl) {
     }
 }
 
-TEST_F(Binder, AControlWithoutWidgetAndAWidgetWithoutControlAreTold) {
+TEST_P(Binder, AControlWithoutWidgetAndAWidgetWithoutControlAreTold) {
     Unfaced form(session().forms);
     auto* widgets = new QWidget;
     (new QLabel(widgets))->setObjectName(QStringLiteral("lblSeen"));
@@ -43,7 +45,7 @@ TEST_F(Binder, AControlWithoutWidgetAndAWidgetWithoutControlAreTold) {
     view.detach();
 }
 
-TEST_F(Binder, AWidgetOfTheWrongKindDoesNotShowItsControl) {
+TEST_P(Binder, AWidgetOfTheWrongKindDoesNotShowItsControl) {
     Unfaced form(session().forms);
     auto* widgets = new QWidget;
     (new QWidget(widgets))->setObjectName(QStringLiteral("lblSeen"));

@@ -1,6 +1,9 @@
 #include "desktop/desktop_test.h"
 
+#include "ado/recordset.h"
 #include "core/start_up.h"
+#include "desktop/control_view.h"
+#include "forms/form_registry.h"
 
 #include <QStyleFactory>
 #include <QTimer>
@@ -38,16 +41,20 @@ fs::path makeFolder() {
 
 } // namespace
 
-DesktopTest::DesktopTest() : folder_(makeFolder()) {
+DesktopTest::DesktopTest() : DatabaseTest(Content::Demo), folder_(makeFolder()) {
     (void)application();
     setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
+    setenv("PGUSER", serverUser, 1);
     fs::create_directories(folder_ / "zel");
-    fs::create_directories(folder_ / "database");
-    fs::copy_file(ZEL_DEMO_DATABASE, folder_ / "database" / "Korvan.mdb");
-    std::ofstream(folder_ / "zel" / "zel.ini")
-        << "[ZEL]\r\nDBSPath=" << (folder_ / "database" / "Korvan.mdb").string() << "\r\nIncident=2\r\n";
+    std::ofstream ini(folder_ / "zel" / "zel.ini");
+    ini << "[ZEL]\r\nIncident=2\r\n";
+    if (onSqlite())
+        ini << "DBSPath=" << database().file().string() << "\r\n";
+    else
+        ini << "Server=" << database().server() << "\r\nCatalog=" << database().catalog() << "\r\n";
+    ini.close();
     program_ = std::make_unique<desktop::DesktopProgram>((folder_ / "zel").string());
-    if (!program_->start("False"))
+    if (!program_->start(onSqlite() ? "False" : "True"))
         throw std::runtime_error("the program did not start");
     QApplication::setActiveWindow(&window());
 }
@@ -76,6 +83,48 @@ void DesktopTest::whenBoxOpens(std::function<void(QWidget& box)> action) {
         action(*box);
     });
     watch->start();
+}
+
+void DesktopTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* target = QApplication::activePopupWidget();
+    if (target == nullptr)
+        target = QApplication::focusWidget();
+    QTest::keyClick(target == nullptr ? &window() : target, key, modifiers);
+    QCoreApplication::processEvents();
+}
+
+void DesktopTest::keyIn(const QString& characters, Qt::KeyboardModifiers modifiers) {
+    for (const QChar character : characters)
+        QTest::keyClick(QApplication::focusWidget(), character.toLatin1(), modifiers);
+    QCoreApplication::processEvents();
+}
+
+std::string DesktopTest::focus() {
+    const QWidget* widget = QApplication::focusWidget();
+    for (forms::Form* form : session().forms.forms()) {
+        const desktop::FormView* view = program_->screens().viewOf(*form);
+        if (widget == nullptr || view == nullptr)
+            continue;
+        for (const forms::Control* control : form->controls()) {
+            const auto* shown = view->widget()->findChild<QWidget*>(desktop::widgetName(*control));
+            if (shown != nullptr && (shown == widget || shown->focusProxy() == widget))
+                return form->Name() + "." + control->fullName();
+        }
+    }
+    return {};
+}
+
+std::vector<std::string> DesktopTest::rows(const std::string& statement) {
+    ado::Recordset set;
+    set.Open(ado::Sql::words(statement), connection());
+    std::vector<std::string> found;
+    for (; !set.EOF_(); set.MoveNext()) {
+        std::string row;
+        for (std::size_t field = 0; field < set.fieldCount(); ++field)
+            row += (field == 0 ? "" : "|") + ado::toText(set.value(static_cast<int>(field)));
+        found.push_back(row);
+    }
+    return found;
 }
 
 } // namespace zel::test

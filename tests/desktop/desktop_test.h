@@ -2,6 +2,7 @@
 
 #include "core/frmMain.h"
 #include "desktop/desktop_program.h"
+#include "support/database_test.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -13,11 +14,12 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace zel::test {
 
-/// The whole program with its window on the demo database, without a display.
-class DesktopTest : public ::testing::Test {
+/// The whole program with its window on the demo database of either engine, without a display.
+class DesktopTest : public DatabaseTest {
 protected:
     DesktopTest();
     ~DesktopTest() override;
@@ -40,6 +42,14 @@ protected:
     }
     /// Does something with the box that opens next, from inside its loop.
     void whenBoxOpens(std::function<void(QWidget& box)> action);
+    /// A key as the keyboard gives it: to the list or menu that is pulled down, else to what has the focus.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// The same for each character; `modifiers` Qt::KeypadModifier for those of the numeric pad.
+    void keyIn(const QString& characters, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// The control that the clerk's keys go to: "frmPost.mskPost(0)".
+    [[nodiscard]] std::string focus();
+    /// What a statement gives, one text for each row, values parted by "|".
+    [[nodiscard]] std::vector<std::string> rows(const std::string& statement);
 
 private:
     std::filesystem::path folder_;

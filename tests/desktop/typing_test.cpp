@@ -31,7 +31,9 @@ protected:
 
 } // namespace
 
-TEST_F(Typing, DigitsFillAMaskedDateAroundItsLiterals) {
+ZEL_ON_BOTH_ENGINES(Typing);
+
+TEST_P(Typing, DigitsFillAMaskedDateAroundItsLiterals) {
     incidents();
     QLineEdit& date = line("mskIncident_20");
     date.setFocus();
@@ -40,7 +42,7 @@ TEST_F(Typing, DigitsFillAMaskedDateAroundItsLiterals) {
     EXPECT_EQ(date.text(), QStringLiteral("07/04/2005"));
 }
 
-TEST_F(Typing, LettersHaveNoPlaceInAMaskedDate) {
+TEST_P(Typing, LettersHaveNoPlaceInAMaskedDate) {
     incidents();
     QLineEdit& date = line("mskIncident_20");
     date.setFocus();
@@ -50,7 +52,7 @@ TEST_F(Typing, LettersHaveNoPlaceInAMaskedDate) {
     EXPECT_EQ(date.text(), QStringLiteral("0_/__/____"));
 }
 
-TEST_F(Typing, APastedDateIsLaidOverTheMask) {
+TEST_P(Typing, APastedDateIsLaidOverTheMask) {
     auto& form = incidents();
     QLineEdit& date = line("mskIncident_20");
     date.setFocus();
@@ -60,7 +62,7 @@ TEST_F(Typing, APastedDateIsLaidOverTheMask) {
     EXPECT_EQ(date.text(), QStringLiteral("07/04/2005"));
 }
 
-TEST_F(Typing, TabLeavesTheFieldAndItsTextBecomesUpperCase) {
+TEST_P(Typing, TabLeavesTheFieldAndItsTextBecomesUpperCase) {
     auto& form = incidents();
     QLineEdit& name = line("mskIncident_0");
     name.setFocus();
@@ -72,7 +74,7 @@ TEST_F(Typing, TabLeavesTheFieldAndItsTextBecomesUpperCase) {
     EXPECT_TRUE(line("mskIncident_1").hasFocus());
 }
 
-TEST_F(Typing, TypeAheadCompletesTheStateAndMarksTheRest) {
+TEST_P(Typing, TypeAheadCompletesTheStateAndMarksTheRest) {
     auto& form = incidents();
     auto& state = face<desktop::ListCombo>("frmIncidents", "dbcState_0");
     state.lineEdit()->setFocus();
@@ -85,7 +87,7 @@ TEST_F(Typing, TypeAheadCompletesTheStateAndMarksTheRest) {
     EXPECT_EQ(form.dbcState(0).BoundText(), "OR");
 }
 
-TEST_F(Typing, TheOtherIncidentBoxFollowsTheOneThatWasPickedFrom) {
+TEST_P(Typing, TheOtherIncidentBoxFollowsTheOneThatWasPickedFrom) {
     const std::int32_t before = session().gIncidentID;
     auto& number = face<desktop::ListCombo>("frmMain", "dbcIncident_1");
     auto& name = face<desktop::ListCombo>("frmMain", "dbcIncident_0");
@@ -100,7 +102,7 @@ TEST_F(Typing, TheOtherIncidentBoxFollowsTheOneThatWasPickedFrom) {
     EXPECT_EQ(number.currentText().toStdString(), shell().dbcIncident(1).Text());
 }
 
-TEST_F(Typing, TheExitQuestionIsAskedInTheSystemsWordsAndNoGoesOn) {
+TEST_P(Typing, TheExitQuestionIsAskedInTheSystemsWordsAndNoGoesOn) {
     QString text, title;
     whenBoxOpens([&](QWidget& box) {
         auto& question = dynamic_cast<QMessageBox&>(box);
@@ -117,7 +119,7 @@ TEST_F(Typing, TheExitQuestionIsAskedInTheSystemsWordsAndNoGoesOn) {
     EXPECT_FALSE(session().Ended());
 }
 
-TEST_F(Typing, AMessageIsAnsweredByKeyboardWithItsDefaultAndButtonsKeepTheirOrder) {
+TEST_P(Typing, AMessageIsAnsweredByKeyboardWithItsDefaultAndButtonsKeepTheirOrder) {
     QStringList buttons;
     whenBoxOpens([&](QWidget& box) {
         for (const QPushButton* button : box.findChildren<QPushButton*>())
@@ -130,12 +132,12 @@ TEST_F(Typing, AMessageIsAnsweredByKeyboardWithItsDefaultAndButtonsKeepTheirOrde
     EXPECT_EQ(buttons.join(QLatin1Char('|')), QStringLiteral("&Yes|&No|Cancel"));
 }
 
-TEST_F(Typing, EscapeCancelsABoxThatHasACancel) {
+TEST_P(Typing, EscapeCancelsABoxThatHasACancel) {
     whenBoxOpens([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(session().dialogs.message("Sure?", "ZEL", forms::Buttons::OKCancel), forms::Answer::Cancel);
 }
 
-TEST_F(Typing, ManagingAllHidesTheSelectorAndSaysSo) {
+TEST_P(Typing, ManagingAllHidesTheSelectorAndSaysSo) {
     QString text;
     whenBoxOpens([&](QWidget& box) {
         text = dynamic_cast<QMessageBox&>(box).text();
@@ -149,14 +151,14 @@ TEST_F(Typing, ManagingAllHidesTheSelectorAndSaysSo) {
     EXPECT_TRUE(face<QLabel>("frmMain", "decoManageAll").isVisible());
 }
 
-TEST_F(Typing, AClickOnAPageBringsItToTheFront) {
+TEST_P(Typing, AClickOnAPageBringsItToTheFront) {
     auto& form = incidents();
     face<QTabWidget>("frmIncidents", "tabAE").setCurrentIndex(1);
     EXPECT_EQ(form.tabAE.CurrTab(), 1);
     EXPECT_TRUE(line("mskIncident_10").isVisible());
 }
 
-TEST_F(Typing, TheGridShowsTheRowsOfItsScreenAndFollowsTheCurrentOne) {
+TEST_P(Typing, TheGridShowsTheRowsOfItsScreenAndFollowsTheCurrentOne) {
     shell().OpenScreen("AdminOffice", true, 0);
     auto* form = session().forms.get<incident::frmAdminOffice>("frmAdminOffice");
     auto& table = face<QTableView>("frmAdminOffice", "dbgOffice");

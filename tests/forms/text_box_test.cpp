@@ -101,4 +101,14 @@ TEST_F(TextBoxTest, BytesThatAreNoTextSurvive) {
     EXPECT_EQ(utf8::middle("€𝄞é", 1, 5), "𝄞é");
 }
 
+TEST_F(TextBoxTest, ALineEndIsErasedWhole) {
+    box.setMultiLine(true);
+    EXPECT_TRUE(done(desk.user.keys(box, "a{Enter}b")));
+    EXPECT_EQ(box.Text(), "a\r\nb");
+    EXPECT_TRUE(done(desk.user.keys(box, "{Left}{Backspace}")));
+    EXPECT_EQ(box.Text(), "ab");
+    EXPECT_TRUE(done(desk.user.keys(box, "{Enter}{Home}{Right}{Delete}")));
+    EXPECT_EQ(box.Text(), "ab");
+}
+
 } // namespace zel::forms
