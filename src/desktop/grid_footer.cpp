@@ -21,6 +21,7 @@ constexpr int padding = 4;
 
 GridFooter::GridFooter(forms::TDBGrid& grid, QTableView& table)
     : QWidget(table.parentWidget()), grid_(&grid), table_(&table) {
+    setObjectName(QStringLiteral("decoFooter"));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* around = new QWidget(table.parentWidget());
     if (QLayout* layout = table.parentWidget() == nullptr ? nullptr : table.parentWidget()->layout())

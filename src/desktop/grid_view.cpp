@@ -42,6 +42,8 @@ void GridView::connectTable() {
     connect(table_.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& cell) { cellEntered(cell); });
     connect(table_.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { rowsMarked(); });
+    // A press left of a row marks it, also when it is the current one.
+    connect(table_.verticalHeader(), &QHeaderView::sectionPressed, this, [this] { rowsMarked(); });
     connect(table_.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) { headClicked(column); });
     connect(&table_, &QTableView::doubleClicked, this, [this] {
         if (control() != nullptr && grid_.DblClick)
@@ -186,9 +188,14 @@ void GridView::cellEntered(const QModelIndex& cell) {
         return;
     const std::int64_t row = model_.gridRow(cell.row());
     const QPointer<GridView> self(this);
-    if (row != grid_.row())
+    if (row != grid_.row()) {
+        drawing_ = marking_; // the marks to come start from those that are seen
         act([row](forms::User& user, forms::Control& grid) { return user.row(grid, row); });
-    if (self == nullptr || control() == nullptr)
+        if (self == nullptr)
+            return;
+        drawing_ = false;
+    }
+    if (control() == nullptr)
         return;
     if (grid_.row() == row)
         grid_.setCol(cell.column());
@@ -226,17 +233,21 @@ void GridView::rowsMarked() {
         drawLater();
 }
 
+/// Until there is a mark the current row only looks marked; the first one then stands alone.
+void GridView::startMarks() {
+    marking_ = true;
+    if (control() == nullptr || grid_.SelBookmarks.Count() > 0)
+        return;
+    drawing_ = true;
+    table_.clearSelection();
+    drawing_ = false;
+}
+
 void GridView::toggleMark() {
     const QModelIndex current = table_.currentIndex();
     if (!current.isValid())
         return;
-    // The first mark stands alone: until now the current row only looked marked.
-    const bool first = grid_.SelBookmarks.Count() == 0;
-    marking_ = true;
-    drawing_ = first;
-    if (first)
-        table_.clearSelection();
-    drawing_ = false;
+    startMarks();
     table_.selectionModel()->select(current, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
     marking_ = false;
 }
@@ -272,6 +283,9 @@ bool GridView::keyPressed(const QKeyEvent& event) {
     constexpr auto markers = Qt::ControlModifier | Qt::ShiftModifier;
     auto* key = const_cast<QKeyEvent*>(&event);
     marking_ = (event.modifiers() & markers) != 0;
+    // Keys that an open cell leaves over: up and down go to another row, the rest was the cell's.
+    if (editor_->isOpen())
+        return event.key() != Qt::Key_Up && event.key() != Qt::Key_Down;
     if (key->matches(QKeySequence::Copy)) {
         copy();
         return true;
@@ -306,10 +320,10 @@ QPoint GridView::menuPlace() const {
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
-        constexpr auto markers = Qt::ControlModifier | Qt::ShiftModifier;
-        // A click left of a row marks it.
-        marking_ = watched == table_.verticalHeader()->viewport() ||
-                   (static_cast<QMouseEvent*>(event)->modifiers() & markers) != 0;
+        const auto modifiers = static_cast<QMouseEvent*>(event)->modifiers();
+        marking_ = watched == table_.verticalHeader()->viewport() || (modifiers & Qt::ShiftModifier) != 0;
+        if ((modifiers & Qt::ControlModifier) != 0)
+            startMarks();
     }
     return watched == &table_ ? ControlView::eventFilter(watched, event) : false;
 }

@@ -41,6 +41,7 @@ private:
     void drawLater();
     void cellEntered(const QModelIndex& cell);
     void rowsMarked();
+    void startMarks();
     void toggleMark();
     void headClicked(int column);
     void copy() const;

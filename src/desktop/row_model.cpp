@@ -82,7 +82,7 @@ int RowModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || index.row() >= rows_() || index.column() >= columns_())
+    if ((role != Qt::DisplayRole && role != Qt::EditRole) || index.row() >= rows_() || index.column() >= columns_())
         return {};
     return text_(index.row(), index.column());
 }

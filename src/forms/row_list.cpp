@@ -5,6 +5,8 @@
 #include "ado/format.h"
 #include "forms/adodc.h"
 
+#include <utility>
+
 namespace zel::forms {
 
 ListColumn::ListColumn(RowList& list, std::string caption, std::string dataField)
@@ -89,8 +91,8 @@ std::int64_t RowList::rowCount() const {
 }
 
 ListColumn& RowList::addColumn(std::string caption, std::string dataField) {
-    if (ownColumns_)
-        removeColumns();
+    if (std::exchange(ownColumns_, false))
+        columns_.clear(); // in silence: who is told looks at the columns, and would have them made anew
     columns_.emplace_back(*this, std::move(caption), std::move(dataField));
     face_.notify(Property::Columns);
     return columns_.back();

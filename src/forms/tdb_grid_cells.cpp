@@ -6,11 +6,13 @@
 #include "forms/tdb_grid.h"
 #include "forms/utf8.h"
 
+#include <utility>
+
 namespace zel::forms {
 
 GridColumn& TDBGrid::addColumn(std::string caption, std::string dataField) {
-    if (ownColumns_)
-        removeColumns();
+    if (std::exchange(ownColumns_, false))
+        columns_.clear(); // in silence: who is told looks at the columns, and would have them made anew
     columns_.emplace_back(*this, static_cast<int>(columns_.size()), std::move(caption), std::move(dataField));
     columnsChanged();
     return columns_.back();

@@ -17,7 +17,7 @@ public:
     forms::Label lblForgotten{*this, "lblForgotten", "Forgotten"};
 };
 
-class Binder : public DesktopTest {};
+class Binder : public DesktopDataTest {};
 
 } // namespace
 

@@ -41,21 +41,22 @@ fs::path makeFolder() {
 
 } // namespace
 
-DesktopTest::DesktopTest() : DatabaseTest(Content::Demo), folder_(makeFolder()) {
+DesktopTest::DesktopTest(ado::EngineKind kind) : database_(kind, Content::Demo), folder_(makeFolder()) {
     (void)application();
     setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
     setenv("PGUSER", serverUser, 1);
     fs::create_directories(folder_ / "zel");
     std::ofstream ini(folder_ / "zel" / "zel.ini");
     ini << "[ZEL]\r\nIncident=2\r\n";
-    if (onSqlite())
-        ini << "DBSPath=" << database().file().string() << "\r\n";
+    if (kind == ado::EngineKind::Sqlite)
+        ini << "DBSPath=" << database_.file().string() << "\r\n";
     else
-        ini << "Server=" << database().server() << "\r\nCatalog=" << database().catalog() << "\r\n";
+        ini << "Server=" << database_.server() << "\r\nCatalog=" << database_.catalog() << "\r\n";
     ini.close();
     program_ = std::make_unique<desktop::DesktopProgram>((folder_ / "zel").string());
-    if (!program_->start(onSqlite() ? "False" : "True"))
+    if (!program_->start(kind == ado::EngineKind::Sqlite ? "False" : "True"))
         throw std::runtime_error("the program did not start");
+    QCoreApplication::processEvents(); // the desktop's own news of windows that came up
     QApplication::setActiveWindow(&window());
 }
 
@@ -76,8 +77,8 @@ void DesktopTest::whenBoxOpens(std::function<void(QWidget& box)> action) {
     watch->setInterval(1);
     QObject::connect(watch, &QTimer::timeout, watch, [watch, action = std::move(action)] {
         QWidget* box = QApplication::activeModalWidget();
-        if (box == nullptr)
-            return;
+        if (box == nullptr || !box->isAncestorOf(QApplication::focusWidget()))
+            return; // keys would go astray
         watch->stop();
         watch->deleteLater();
         action(*box);
@@ -116,7 +117,7 @@ std::string DesktopTest::focus() {
 
 std::vector<std::string> DesktopTest::rows(const std::string& statement) {
     ado::Recordset set;
-    set.Open(ado::Sql::words(statement), connection());
+    set.Open(ado::Sql::words(statement), database_.connection());
     std::vector<std::string> found;
     for (; !set.EOF_(); set.MoveNext()) {
         std::string row;

@@ -18,10 +18,10 @@
 
 namespace zel::test {
 
-/// The whole program with its window on the demo database of either engine, without a display.
-class DesktopTest : public DatabaseTest {
+/// The whole program with its window on the demo database, without a display.
+class DesktopTest : public ::testing::Test {
 protected:
-    DesktopTest();
+    explicit DesktopTest(ado::EngineKind kind = ado::EngineKind::Sqlite);
     ~DesktopTest() override;
 
     [[nodiscard]] core::Session& session() { return program_->session(); }
@@ -52,8 +52,15 @@ protected:
     [[nodiscard]] std::vector<std::string> rows(const std::string& statement);
 
 private:
+    TestDatabase database_;
     std::filesystem::path folder_;
     std::unique_ptr<desktop::DesktopProgram> program_;
+};
+
+/// The same on both engines, with ZEL_ON_BOTH_ENGINES: for what a clerk does to the data.
+class DesktopDataTest : public DesktopTest, public ::testing::WithParamInterface<ado::EngineKind> {
+protected:
+    DesktopDataTest() : DesktopTest(GetParam()) {}
 };
 
 } // namespace zel::test

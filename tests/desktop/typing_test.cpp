@@ -18,7 +18,7 @@ namespace zel::test {
 
 namespace {
 
-class Typing : public DesktopTest {
+class Typing : public DesktopDataTest {
 protected:
     incident::frmIncidents& incidents() {
         shell().OpenScreen("Incidents", true, 0);

@@ -377,6 +377,16 @@ TEST_F(TDBGridTest, FooterAndColumnTraitsTellTheFrontEnd) {
     EXPECT_EQ(rate.FooterText(), "$112.50");
 }
 
+TEST_F(TDBGridTest, ColumnsOfTheSourceGoWhenTheFirstOneIsAddedWhoeverLooksMeanwhile) {
+    auto watch = grid.observe([&](Property) { (void)grid.columnCount(); });
+    grid.removeColumns();
+    EXPECT_EQ(grid.columnCount(), 4);
+    grid.addColumn("UOM", "RateType");
+    grid.addColumn("Rate", "Rate");
+    EXPECT_EQ(grid.columnCount(), 2);
+    EXPECT_EQ(grid.cellText(1, 0), "HOURLY");
+}
+
 TEST_F(TDBGridTest, TabPassesHiddenColumnsByAndLeavesBehindTheLastShownOne) {
     TextBox next(form, "txtNext");
     grid.Columns(4).setWidth(1440);
