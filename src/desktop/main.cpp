@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLocale>
+#include <QMessageBox>
 
 #include <algorithm>
 #include <cstdio>
@@ -62,6 +63,9 @@ int main(int count, char** words) {
                                                                                                 : 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "zel: %s\n", failure.what());
+        // Started from the desktop's menu, nobody reads that.
+        QMessageBox::critical(nullptr, QStringLiteral("ZEL: Cannot Open Application"),
+                              QString::fromLocal8Bit(failure.what()));
         return 2;
     }
 }
