@@ -223,6 +223,52 @@ TEST_P(PostPagesTest, OnThePageOfCrewsTheKeyIsTheResourceOfTheCrewInFront) {
     EXPECT_EQ(printed(), "6 R90");
 }
 
+TEST_P(PostPagesTest, ACrewChosenByNameOrNumberBringsItsMembersAndAccount) {
+    for (const char* crew : {"90,7,'C-4','BEAR',1,'C',0,31", "91,7,'C-5','ELK',1,'C',0,null"})
+        program.execute("insert into Resources (ResourceID,IncidentID,RequestNumber,Name,Collection,Status,ParentID,"
+                        "AccountingID) values (" +
+                        std::string(crew) + ")");
+    program.execute("Update Persons set ResourceID = 91 where PersonID in (1, 2)");
+    page(1);
+    EXPECT_EQ(program.user.pick(screen().dbcCrew(1), "C-5").refusal, "");
+    EXPECT_TRUE(screen().dbcCrew(0).Text().starts_with("ELK")) << screen().dbcCrew(0).Text();
+    EXPECT_EQ(screen().dblCrewMembers.rowCount(), 2);
+    EXPECT_EQ(screen().dbcAcct(1).Text(), "");
+    EXPECT_EQ(session.gAccountingID, -1);
+    EXPECT_EQ(printed(), "6 R91");
+    EXPECT_EQ(program.user.pickRow(screen().dbcCrew(0), 0).refusal, "");
+    EXPECT_EQ(screen().dbcCrew(1).Text(), "C-4");
+    EXPECT_EQ(screen().dblCrewMembers.rowCount(), 0);
+    EXPECT_EQ(screen().dbcAcct(1).Text(), "P6AB12");
+}
+
+TEST_P(PostPagesTest, AContractorBringsTheirEquipmentOfTheType) {
+    program.execute("insert into Contractor (ContractorID,IncidentID,ContractorName) values (5,7,'LOWER FALLS')");
+    program.execute("insert into Agreement (AgreementID,ContractorID) values (6,5)");
+    for (const char* item : {"90,'E-4'", "91,'C-9'"})
+        program.execute("insert into Resources (ResourceID,RequestNumber,IncidentID,Name,Status,ParentID) values (" +
+                        std::string(item) + ",7,'ENGINE','C',0)");
+    for (const char* item : {"70,90,6", "71,91,6"})
+        program.execute("insert into Equipment (EquipmentID,ResourceID,AgreementID) values (" + std::string(item) +
+                        ")");
+    page(2);
+    EXPECT_EQ(screen().dbcEquipment.rowCount(), 0);
+    EXPECT_EQ(program.user.pick(screen().dbcContractor, "LOWER FALLS").refusal, "");
+    ASSERT_EQ(screen().dbcEquipment.rowCount(), 1);
+    EXPECT_EQ(program.user.pick(screen().dbcEquipment, "E-4").refusal, "");
+    EXPECT_EQ(printed(), "7 R90");
+}
+
+TEST_P(PostPagesTest, WhatCannotBeDoneOnAPageYetIsOutOfReach) {
+    page(1);
+    EXPECT_FALSE(screen().cmdSave(1).Enabled());
+    EXPECT_FALSE(screen().cmdDelete(1).Enabled());
+    EXPECT_FALSE(screen().dbgPostCrews.AllowUpdate);
+    toolbar("Save");
+    toolbar("Delete");
+    EXPECT_THAT(program.dialogs.take(), IsEmpty());
+}
+
 TEST_P(PostPagesTest, TheColumnsOfBothGridsStandWhereTheRulesLookForThem) {
     for (forms::TDBGrid* grid : {&screen().dbgPersonnelPost, &screen().dbgPostCrews}) {
         std::string captions;

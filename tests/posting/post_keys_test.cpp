@@ -29,6 +29,11 @@ TEST(SteppedTime, WalksTheQuarterHoursAndRoundMidnight) {
     EXPECT_EQ(steppedTime("00:15", '-', now), "00:01");
 }
 
+TEST(SteppedTime, ReadsWhatIsTypedWithoutAColon) {
+    EXPECT_EQ(steppedTime("0800", '+', now), "08:15");
+    EXPECT_EQ(steppedTime("2400", '-', now), "23:45");
+}
+
 TEST(SteppedTime, TakesThePresentTimeOnTheQuarterHour) {
     EXPECT_EQ(steppedTime("08:00", '=', now), "13:45");
     EXPECT_EQ(steppedTime("", '+', now), "13:45");
