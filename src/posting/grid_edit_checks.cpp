@@ -35,7 +35,11 @@ struct Times {
 };
 
 DateTime roundedTime(core::Session& session, forms::TDBGrid& grid, std::string_view column) {
-    const std::string rounded = services::RoundQuarterHour(session, grid.Columns(column).Text());
+    // Digits alone are taken as typed: the format of the column would read 930 as a number of days.
+    const Value typed = grid.Columns(column).value();
+    const bool digits = typed.type() == Value::Type::Text && ado::toText(typed).find(':') == std::string::npos;
+    const std::string rounded =
+        services::RoundQuarterHour(session, digits ? ado::toText(typed) : grid.Columns(column).Text());
     grid.Columns(column).setText(rounded);
     return ado::toDateTime(rounded);
 }
@@ -152,6 +156,8 @@ bool CheckEquipPostEdit(core::Session& session, forms::TDBGrid& grid, std::strin
         if (!crossesMidnight(times.start, times.stop)) {
             const float hours = CalcHours(times.start, times.stop);
             grid.Columns(side + "Units").setValue(hours);
+            if (rate == 0.0)
+                grid.Columns(side + "Rate").setValue(0);
             grid.Columns(side + "Amt").setValue(ado::Currency::fromDouble(rate * static_cast<double>(hours)));
             return true;
         }

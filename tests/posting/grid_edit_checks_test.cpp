@@ -72,6 +72,32 @@ TEST_P(PersonGridTest, AStopAtTheEndOfTheDayIsTypedAs2400) {
     EXPECT_THAT(posts(), ElementsAre("7/4/2005|8:00:00 AM|12:00:00 AM|AD-3|20| |16|400"));
 }
 
+TEST_P(PersonGridTest, AnEmptyRateIsPaidAsNone) {
+    execute("Update PersonsPost set Rate = null");
+    data_.Refresh();
+    EXPECT_TRUE(edit("Stop", "14:00"));
+    EXPECT_THAT(posts(), ElementsAre("7/4/2005|8:00:00 AM|2:00:00 PM|AD-3|0| |6|0"));
+}
+
+TEST_P(PersonGridTest, AStopThatIsNoTimeIsToldAndMeansTheEndOfTheDay) {
+    EXPECT_TRUE(edit("Stop", "930"));
+    const auto shown = boxes();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].text, "Invalid Time Entered...Time Will be 2400");
+    EXPECT_EQ(shown[0].title, "ZEL:Post Update Error");
+    EXPECT_THAT(posts(), ElementsAre("7/4/2005|8:00:00 AM|12:00:00 AM|AD-3|20| |16|400"));
+}
+
+TEST_P(PersonGridTest, AReturnTravelDayHasNoStopToMeasureBy) {
+    execute("Update PersonsPost set StopTime = null");
+    data_.Refresh();
+    EXPECT_FALSE(edit("Start", "09:00"));
+    const auto shown = boxes();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].text, "Error: 13 Desc: Type mismatch");
+    EXPECT_THAT(rows("Select StartTime,StopTime from PersonsPost"), ElementsAre("8:00:00 AM|"));
+}
+
 TEST_P(PersonGridTest, AClashRefusesTheEditAndSaysWhere) {
     addRow("2:00:00 PM", "4:00:00 PM");
     EXPECT_FALSE(edit("Stop", "15:00"));

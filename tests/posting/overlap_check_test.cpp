@@ -213,6 +213,17 @@ TEST_P(OverlapCheckTest, EquipmentModeChoosesTheTimesAndWordsThemIn24Hours) {
     EXPECT_EQ(in(at(17), at(19), "Both"), "");
 }
 
+TEST_P(OverlapCheckTest, EquipmentAcrossMidnightIsListedUnderBothDatesIn24Hours) {
+    session().gEquipTabOpen = true;
+    postEquipment(1, 10, 20, "7/4/2005", "6:00:00 AM", "8:00:00 PM", "1:00:00 AM", "2:00:00 AM");
+    postEquipment(2, 10, 20, "7/4/2005", "7:00:00 PM", "12:00:00 AM", "1:00:00 AM", "2:00:00 AM");
+    postEquipment(3, 10, 20, "7/5/2005", "12:00:00 AM", "8:00:00 AM", "1:00:00 AM", "2:00:00 AM");
+    EXPECT_EQ(CheckEquipOverlap(session(), day, 10, 20, 7, at(18), at(2), "Primary"),
+              "     For 07/04/2005\r\n" + line("18:00", "24:00") + line("19:00", "24:00") + "     For 07/05/2005\r\n" +
+                  line("00:01", "02:00"));
+    EXPECT_EQ(session().vYNMSa, ",1,2,3");
+}
+
 TEST_P(OverlapCheckTest, EquipmentSpecialQueriesNameAndSortBySpecialColumns) {
     session().gEquipTabOpen = true;
     const auto sent =
