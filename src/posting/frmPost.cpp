@@ -57,6 +57,11 @@ void frmPost::makeEntryFields(int page) {
     mskPost(first + 1).setLocked(true);
     mskPost(first + 1).setTabStop(false);
     cbPost.add(place, page);
+    makeButtons(page);
+}
+
+void frmPost::makeButtons(int page) {
+    const forms::Place place = tabPosting.onPage(page);
     cmdSave.add(place, page).setCaption("Commit &Posting");
     cmdClear.add(place, page).setCaption("&Clear");
     cmdDelete.add(place, page).setCaption("&Delete");
@@ -102,7 +107,7 @@ void frmPost::connectPersonPage() {
             handler([this, index] { (void)fCheckPostField(FieldKind::cboTime, index); })();
         };
     });
-    chkLastDay.Click = handler([this] { chkLastDay_Click(); });
+    chkLastDay.Click = handler([this] { takeLastDay(persons); });
     cmdSave(persons).Click = handler([this] { savePerson(); });
     cmdClear(persons).Click = handler([this] { fClearPersonPost(); });
     cmdDelete(persons).Click = handler([this] { deletePersonPost(); });
@@ -151,8 +156,9 @@ void frmPost::loadLists() {
     loadTimes();
     loadStatuses();
     core::LoadList(session, !session.gManageAll, session.gAccountList, 1);
-    services::SetListColumns(dbcAcct(persons), session.gAccountList, 1, !session.gManageAll);
-    services::SetListColumns(dbcAcct(crews), session.gAccountList, 1, !session.gManageAll);
+    dbcAcct.each([this](forms::TDBCombo& account) {
+        services::SetListColumns(account, session.gAccountList, 1, !session.gManageAll);
+    });
     services::SetListColumns(ddcKindCode, session.gKindList, 2, false);
     services::SetListColumns(tdbDDAccts, session.gAccountList, 1, !session.gManageAll);
     loadPremiums();
@@ -173,9 +179,14 @@ void frmPost::tbRefresh() {
 
 void frmPost::tbFormClose() {
     (void)dbgPersonnelPost.Update();
-    if (tabPosting.CurrTab() == persons && currentPerson() > 0) {
-        session.gCurrentPersonID = currentPerson();
-        if (const ado::Value resource = dbcPersonnel.Columns("RResourceID").value(); !resource.isEmpty())
+    forms::RowList* list = nullptr;
+    if (tabPosting.CurrTab() == persons)
+        list = &dbcPersonnel;
+    else if (tabPosting.CurrTab() == crews)
+        list = &dblCrewMembers;
+    if (list != nullptr && list->SelectedItem() >= 0) {
+        session.gCurrentPersonID = ado::toLong(list->Columns("PersonID").value());
+        if (const ado::Value resource = list->Columns("RResourceID").value(); !resource.isEmpty())
             session.gCurrentResourceID = ado::toLong(resource);
     }
     for (forms::Adodc* data : {&AdoSelect1, &AdoSelect2, &AdoPost})
@@ -193,8 +204,8 @@ void frmPost::tbDelete() {
 }
 
 void frmPost::tbNew() {
-    if (forms::MaskEdBox* date = mskPost.find(firstBox(tabPosting.CurrTab())))
-        date->SetFocus();
+    const int page = tabPosting.CurrTab();
+    (page == equipment ? mskPostEquipPost(0) : mskPost(firstBox(page))).SetFocus();
 }
 
 void frmPost::fRebindIncident() {

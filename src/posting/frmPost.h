@@ -68,13 +68,19 @@ public:
 
     // Crews and operators.
     forms::ControlArray<forms::TDBCombo> dbcCrew{tabPosting.onPage(1), "dbcCrew", 2};
+    forms::CheckBox chkCrewLastDay{tabPosting.onPage(1), "chkCrewLastDay"};
+    forms::Label lblCrewMembers{tabPosting.onPage(1), "lblCrewMembers"};
     forms::TDBList dblCrewMembers{tabPosting.onPage(1), "dblCrewMembers"};
+    forms::ControlArray<forms::CommandButton> cmdCrew{tabPosting.onPage(1), "cmdCrew", 3};
     forms::TDBGrid dbgPostCrews{tabPosting.onPage(1), "dbgPostCrews"};
 
     // Equipment.
     forms::ControlArray<forms::OptionButton> optType{tabPosting.onPage(2), "optType", 3};
     forms::TDBCombo dbcContractor{tabPosting.onPage(2), "dbcContractor"};
     forms::TDBCombo dbcEquipment{tabPosting.onPage(2), "dbcEquipment"};
+    forms::ControlArray<forms::Label> lblEquipPost{tabPosting.onPage(2), "lblEquipPost", 1};
+    forms::ControlArray<forms::MaskEdBox> mskPostEquipPost{tabPosting.onPage(2), "mskPostEquipPost", 1};
+    forms::TDBGrid dbgPostEquipment{tabPosting.onPage(2), "dbgPostEquipment"};
 
 protected:
     [[nodiscard]] DumpLines dumpLines() const override;
@@ -84,9 +90,11 @@ private:
     /// The numbers of a page's date and hours box; its time boxes have the same numbers.
     static constexpr int firstBox(int page) { return page * 2; }
     static constexpr const char* dateMask = "99/99/9999";
+    static constexpr int stopLabel = 3, crewStopLabel = 7; // in lblPost
 
     void makePersonPage();
     void makeEntryFields(int page);
+    void makeButtons(int page);
     void makeCrewPage();
     void makeEquipmentPage();
     void connectPersonPage();
@@ -115,7 +123,7 @@ private:
     [[nodiscard]] std::int32_t currentPerson() const;
     [[nodiscard]] std::string personText(std::string_view column);
     void fillPremiums(const std::string& FedCode);
-    void chkLastDay_Click();
+    void takeLastDay(int page);
 
     FieldResult checkTime(int index);
     FieldResult checkDate(int index);
@@ -135,7 +143,8 @@ private:
     void afterRowWritten();
     void endSplit();
     void tellGridFailure(const ado::Error& failure);
-    [[nodiscard]] bool isInvoiced(std::int64_t row);
+    [[nodiscard]] static bool isInvoiced(forms::TDBGrid& grid, std::int64_t row);
+    static void lockInvoiced(forms::TDBGrid& grid);
     void deletePersonPost();
     void printForm();
 

@@ -41,10 +41,8 @@ void frmPost::connectGrid() {
             endSplit();
     };
     dbgPersonnelPost.AfterUpdate = [this] { afterRowWritten(); };
-    dbgPersonnelPost.FetchRowStyle = [this](forms::Bookmark row, forms::RowStyle& style) {
-        if (isInvoiced(dbgPersonnelPost.source()->rowOf(row)))
-            style = {forms::colors::lightGrey, forms::colors::red, true};
-    };
+    for (forms::TDBGrid* grid : {&dbgPersonnelPost, &dbgPostCrews, &dbgPostEquipment})
+        lockInvoiced(*grid);
     // The pop-up menu deletes by the same rule as the button.
     dbgPersonnelPost.BeforeDelete = [this](bool& cancel) {
         cancel = true;
@@ -110,15 +108,22 @@ void frmPost::afterRowWritten() {
     session.Working = false;
 }
 
-bool frmPost::isInvoiced(std::int64_t row) {
-    return row >= 0 && !isNoInvoice(dbgPersonnelPost.cellValue(row, post_column::InvoiceID));
+bool frmPost::isInvoiced(forms::TDBGrid& grid, std::int64_t row) {
+    return row >= 0 && !isNoInvoice(grid.cellValue(row, grid.columnIndex("InvoiceID")));
+}
+
+void frmPost::lockInvoiced(forms::TDBGrid& grid) {
+    grid.FetchRowStyle = [&grid](forms::Bookmark row, forms::RowStyle& style) {
+        if (isInvoiced(grid, grid.source()->rowOf(row)))
+            style = {forms::colors::lightGrey, forms::colors::red, true};
+    };
 }
 
 void frmPost::deletePersonPost() {
     const std::int64_t row = dbgPersonnelPost.row();
     if (row < 0)
         return;
-    if (isInvoiced(row)) {
+    if (isInvoiced(dbgPersonnelPost, row)) {
         session.dialogs.message("Cannot Delete an Invoiced posting.", "Cannot Delete", Buttons::OK, Icon::Exclamation);
         return;
     }

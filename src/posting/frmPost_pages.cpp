@@ -16,6 +16,10 @@ using ado::Value;
 
 void frmPost::makeCrewPage() {
     makeEntryFields(crews);
+    lblPost.add(tabPosting.onPage(crews), crewStopLabel).setCaption("* Stop Time");
+    chkCrewLastDay.setCaption("Check here to Post Return Travel Day");
+    chkCrewLastDay.Click = handler([this] { takeLastDay(crews); });
+    lblCrewMembers.setCaption("Crew Members:  (0 selected)");
     for (const auto& [box, field] : {std::pair(0, "CrewInfo"), std::pair(1, "RequestNumber")}) {
         dbcCrew(box).addColumn(box == 0 ? "Crew" : "Request", field);
         dbcCrew(box).setListField(field);
@@ -32,6 +36,11 @@ void frmPost::makeCrewPage() {
                         &dbgPostCrews});
     dbgPostCrews.AllowUpdate = false;
     // Crews are not posted yet: what would do it is out of reach.
+    static constexpr const char* selections[] = {"Select &All", "Select &None", "&Invert Selection"};
+    cmdCrew.each([](forms::CommandButton& button) {
+        button.setCaption(selections[button.Index()]);
+        button.setEnabled(false);
+    });
     cmdSave(crews).setEnabled(false);
     cmdDelete(crews).setEnabled(false);
     cmdClear(crews).Click = handler([this] { fClearPost(crews); });
@@ -92,6 +101,18 @@ void frmPost::makeEquipmentPage() {
     for (const auto& [caption, field] : {std::pair("Request", "RequestNumber"), std::pair("Name", "Name")})
         dbcEquipment.addColumn(caption, field);
     dbcEquipment.setBoundColumn("EquipmentID");
+    dbcAcct.add(tabPosting.onPage(equipment), equipment);
+    lblEquipPost(0).setCaption("* Date");
+    mskPostEquipPost(0).setMask(dateMask);
+    mskPostEquipPost(0).setFormat("mm/dd/yyyy");
+    addEquipmentPostColumns(dbgPostEquipment);
+    dbgPostEquipment.Columns("Acct").setDropDown(&tdbDDAccts);
+    dbgPostEquipment.AllowUpdate = false;
+    makeButtons(equipment);
+    // Equipment is not posted yet: what would do it is out of reach.
+    for (forms::Control* control : std::initializer_list<forms::Control*>{&mskPostEquipPost(0), &cmdSave(equipment),
+                                                                          &cmdClear(equipment), &cmdDelete(equipment)})
+        control->setEnabled(false);
 }
 
 void frmPost::showEquipment() {
@@ -107,6 +128,9 @@ void frmPost::showEquipment() {
         dbcContractor.bind(AdoSelect1);
     if (!dbcEquipment.isBound())
         dbcEquipment.bind(AdoSelect2);
+    if (dbgPostEquipment.source() == nullptr)
+        dbgPostEquipment.bind(AdoPost);
+    showAccount(equipment);
     {
         const core::Moving moving(session);
         optType(0).setValue(true);

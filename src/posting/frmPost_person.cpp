@@ -30,7 +30,7 @@ using forms::Icon;
 
 namespace {
 
-constexpr int dateBox = 0, hoursBox = 1, startBox = 0, stopBox = 1, stopLabel = 3;
+constexpr int dateBox = 0, hoursBox = 1, startBox = 0, stopBox = 1;
 constexpr std::size_t shortestName = 6;
 
 } // namespace
@@ -98,10 +98,10 @@ void frmPost::fillPremiums(const std::string& FedCode) {
         cbPost(0).setText(chosen);
 }
 
-void frmPost::chkLastDay_Click() {
-    const bool travel = chkLastDay.isChecked();
-    cbPost(0).setListIndex(travel ? cbPost(0).ListCount() - 1 : 0);
-    lblPost(stopLabel).setCaption(travel ? "Stop Time" : "* Stop Time");
+void frmPost::takeLastDay(int page) {
+    const bool travel = (page == crews ? chkCrewLastDay : chkLastDay).isChecked();
+    cbPost(page).setListIndex(travel ? cbPost(page).ListCount() - 1 : 0);
+    lblPost(page == crews ? crewStopLabel : stopLabel).setCaption(travel ? "Stop Time" : "* Stop Time");
 }
 
 void frmPost::fCheckPersonStatus() {

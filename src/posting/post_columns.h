@@ -15,5 +15,7 @@ inline constexpr int PersonsPostID = 0, CollectionPostID = 1, PersonID = 2, Date
 
 /// Gives a grid these columns with their formats.
 void addPersonPostColumns(forms::TDBGrid& grid);
+/// Columns of the grid of postings of equipment: one row has a primary and a special part.
+void addEquipmentPostColumns(forms::TDBGrid& grid);
 
 } // namespace zel::posting

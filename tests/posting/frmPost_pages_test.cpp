@@ -198,8 +198,9 @@ TEST_P(PostPagesTest, NewGoesToTheDateOfThePageInFront) {
     program.run([this] { screen().tbNew(); });
     EXPECT_TRUE(screen().mskPost(2).hasFocus());
     page(2);
+    screen().mskPostEquipPost(0).setEnabled(true); // as soon as equipment is posted
     program.run([this] { screen().tbNew(); });
-    EXPECT_FALSE(screen().mskPost(2).hasFocus());
+    EXPECT_TRUE(screen().mskPostEquipPost(0).hasFocus());
     EXPECT_THAT(program.dialogs.take(), IsEmpty());
 }
 
@@ -264,9 +265,61 @@ TEST_P(PostPagesTest, WhatCannotBeDoneOnAPageYetIsOutOfReach) {
     EXPECT_FALSE(screen().cmdSave(1).Enabled());
     EXPECT_FALSE(screen().cmdDelete(1).Enabled());
     EXPECT_FALSE(screen().dbgPostCrews.AllowUpdate);
+    screen().cmdCrew.each([](forms::CommandButton& button) { EXPECT_FALSE(button.Enabled()); });
     toolbar("Save");
     toolbar("Delete");
+    page(2);
+    EXPECT_FALSE(screen().cmdSave(2).Enabled());
+    EXPECT_FALSE(screen().mskPostEquipPost(0).Enabled());
+    EXPECT_FALSE(screen().dbgPostEquipment.AllowUpdate);
+    toolbar("Save");
+    toolbar("Delete");
+    program.run([this] { screen().tbNew(); });
     EXPECT_THAT(program.dialogs.take(), IsEmpty());
+}
+
+TEST_P(PostPagesTest, ReturnTravelOfCrewsTakesTheirOwnSpecialCodeAndLabel) {
+    page(1);
+    EXPECT_GE(forms::findItem(screen().cbPost(1).items(), "HP"), 0);
+    EXPECT_EQ(program.user.pick(screen().cbPost(1), "GUAR").refusal, "");
+    EXPECT_EQ(program.user.check(screen().chkCrewLastDay, true).refusal, "");
+    EXPECT_EQ(screen().cbPost(1).ListIndex(), screen().cbPost(1).ListCount() - 1);
+    EXPECT_EQ(screen().lblPost(7).Caption(), "Stop Time");
+    EXPECT_EQ(screen().lblPost(3).Caption(), "* Stop Time");
+    EXPECT_EQ(program.user.check(screen().chkCrewLastDay, false).refusal, "");
+    EXPECT_EQ(screen().lblPost(7).Caption(), "* Stop Time");
+}
+
+TEST_P(PostPagesTest, TheEntryFieldsOfCrewsAreCheckedLikeThoseOfPersons) {
+    page(1);
+    type(screen().mskPost(2), "06302005");
+    EXPECT_NE(program.user.moveFocus(screen().cboTime(2)).refusal, "");
+    EXPECT_EQ(program.box().title, "ZEL: Invalid Date vs Incident Start Date");
+    EXPECT_EQ(program.user.keys(screen().mskPost(2), "=").refusal, "");
+    EXPECT_EQ(screen().mskPost(2).Text(), "07/04/2005");
+    type(screen().cboTime(2), "2200");
+    type(screen().cboTime(3), "0607");
+    EXPECT_EQ(program.user.leave(screen().cboTime(3)).refusal, "");
+    EXPECT_EQ(program.box().text, "Invalid Time..Must be in 15 minute interval.");
+    type(screen().cboTime(3), "0600");
+    EXPECT_EQ(program.user.leave(screen().cboTime(3)).refusal, "");
+    EXPECT_EQ(screen().mskPost(3).Text(), "8");
+    EXPECT_EQ(screen().mskPost(1).Text(), "");
+    EXPECT_EQ(program.user.click(screen().cmdClear(1)).refusal, "");
+    EXPECT_EQ(screen().mskPost(2).Text() + screen().cboTime(3).Text() + screen().mskPost(3).Text(), "__/__/____");
+}
+
+TEST_P(PostPagesTest, TheMemberInFrontIsTheCurrentPersonOfTheNextScreen) {
+    program.execute(
+        "insert into Resources (ResourceID,IncidentID,RequestNumber,Name,Collection,Status,ParentID) values "
+        "(90,7,'C-4','BEAR',1,'C',0)");
+    program.execute("Update Persons set ResourceID = 90 where PersonID in (1, 2)");
+    page(1);
+    EXPECT_EQ(program.user.pickRow(screen().dbcCrew(0), 0).refusal, "");
+    EXPECT_EQ(program.user.pickRow(screen().dblCrewMembers, 1).refusal, "");
+    program.run([this] { program.shell().OpenScreen("Settings", true, 0); });
+    EXPECT_EQ(session.gCurrentPersonID, 2);
+    EXPECT_EQ(session.gCurrentResourceID, 90);
 }
 
 TEST_P(PostPagesTest, TheColumnsOfBothGridsStandWhereTheRulesLookForThem) {

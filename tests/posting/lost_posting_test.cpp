@@ -116,6 +116,15 @@ TEST_P(LostPostingTest, ASecondHalfThatArrivedMakesThePostingWhole) {
     EXPECT_THAT(failureText(), HasSubstr("Both halves of the posting were written."));
 }
 
+TEST_P(LostPostingTest, AHalfThatGotNoKeyWasNotWritten) {
+    dialogs().answer("Yes");
+    other("create trigger lost before update on NextNumbers for each row when (new.NextNumber > 4) execute function "
+          "end_session()");
+    EXPECT_FALSE(post("10:00 PM", "6:00 AM"));
+    EXPECT_THAT(failureText(), HasSubstr("The part before midnight was written, the part after midnight was not."));
+    EXPECT_THAT(posts(), ElementsAre("3"));
+}
+
 TEST_P(LostPostingTest, AHalfInDoubtIsSaidToBe) {
     dialogs().answer("Yes");
     endSessionOn("insert", 4);
