@@ -19,7 +19,12 @@ void frmPost::makeCrewPage() {
     lblPost.add(tabPosting.onPage(crews), crewStopLabel).setCaption("* Stop Time");
     chkCrewLastDay.setCaption("Check here to Post Return Travel Day");
     chkCrewLastDay.Click = handler([this] { takeLastDay(crews); });
-    lblCrewMembers.setCaption("Crew Members:  (0 selected)");
+    const auto tellSelected = [this] {
+        lblCrewMembers.setCaption("Crew Members:  (" + std::to_string(dblCrewMembers.SelBookmarks.Count()) +
+                                  " selected)");
+    };
+    tellSelected();
+    dblCrewMembers.SelChange = handler(tellSelected);
     for (const auto& [box, field] : {std::pair(0, "CrewInfo"), std::pair(1, "RequestNumber")}) {
         dbcCrew(box).addColumn(box == 0 ? "Crew" : "Request", field);
         dbcCrew(box).setListField(field);

@@ -316,6 +316,9 @@ TEST_P(PostPagesTest, TheMemberInFrontIsTheCurrentPersonOfTheNextScreen) {
     program.execute("Update Persons set ResourceID = 90 where PersonID in (1, 2)");
     page(1);
     EXPECT_EQ(program.user.pickRow(screen().dbcCrew(0), 0).refusal, "");
+    EXPECT_EQ(screen().lblCrewMembers.Caption(), "Crew Members:  (0 selected)");
+    EXPECT_EQ(program.user.selectRows(screen().dblCrewMembers, {0, 1}).refusal, "");
+    EXPECT_EQ(screen().lblCrewMembers.Caption(), "Crew Members:  (2 selected)");
     EXPECT_EQ(program.user.pickRow(screen().dblCrewMembers, 1).refusal, "");
     program.run([this] { program.shell().OpenScreen("Settings", true, 0); });
     EXPECT_EQ(session.gCurrentPersonID, 2);
