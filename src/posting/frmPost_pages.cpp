@@ -37,8 +37,8 @@ void frmPost::makeCrewPage() {
     dblCrewMembers.setMultiSelect(true);
     addPersonPostColumns(dbgPostCrews);
     forms::setTabOrder({&dbcCrew(0), &dbcCrew(1), &dblCrewMembers, &dbcAcct(crews), &mskPost(2), &cboTime(2),
-                        &cboTime(3), &mskPost(3), &cbPost(crews), &cmdSave(crews), &cmdClear(crews), &cmdDelete(crews),
-                        &dbgPostCrews});
+                        &cboTime(3), &mskPost(3), &cbPost(crews), &chkCrewLastDay, &cmdSave(crews), &cmdClear(crews),
+                        &cmdDelete(crews), &cmdCrew(0), &cmdCrew(1), &cmdCrew(2), &dbgPostCrews});
     dbgPostCrews.AllowUpdate = false;
     // Crews are not posted yet: what would do it is out of reach.
     static constexpr const char* selections[] = {"Select &All", "Select &None", "&Invert Selection"};
@@ -114,6 +114,9 @@ void frmPost::makeEquipmentPage() {
     dbgPostEquipment.Columns("Acct").setDropDown(&tdbDDAccts);
     dbgPostEquipment.AllowUpdate = false;
     makeButtons(equipment);
+    forms::setTabOrder({&optType(0), &optType(1), &optType(2), &dbcContractor, &dbcEquipment, &dbcAcct(equipment),
+                        &mskPostEquipPost(0), &cmdSave(equipment), &cmdClear(equipment), &cmdDelete(equipment),
+                        &dbgPostEquipment});
     // Equipment is not posted yet: what would do it is out of reach.
     for (forms::Control* control : std::initializer_list<forms::Control*>{&mskPostEquipPost(0), &cmdSave(equipment),
                                                                           &cmdClear(equipment), &cmdDelete(equipment)})
