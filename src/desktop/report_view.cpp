@@ -312,7 +312,11 @@ std::function<void(std::size_t)> ReportView::progress() {
 }
 
 void ReportView::saveAsPdf() {
-    act([state = QPointer<QLabel>(state_), work = progress(), &session = desk().session](const ReportViewer& shown) {
+    act([this](const ReportViewer& shown) {
+        // This view may be gone when the box is answered.
+        const QPointer<QLabel> state(state_);
+        const auto work = progress();
+        core::Session& session = desk().session;
         const std::string caption = shown.form().Caption();
         const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
         const std::string path = session.dialogs.file(
@@ -327,27 +331,27 @@ void ReportView::saveAsPdf() {
 }
 
 void ReportView::print() {
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    act([printer, state = QPointer<QLabel>(state_), work = progress(), window = widget(),
-         &used = desk()](const ReportViewer& shown) {
+    act([this](const ReportViewer& shown) {
+        const QPointer<QLabel> state(state_);
+        const auto work = progress();
+        Desk& used = desk();
+        QPrinter printer(QPrinter::HighResolution);
         if (!used.printer.isEmpty())
-            printer->setPrinterName(used.printer);
-        printer->setDocName(toQt(shown.form().Caption()));
-        printer->setPageLayout(paperOf(shown.layout()));
-        // The window, and the dialog with it, goes when the program is told to end.
-        const QPointer<QPrintDialog> dialog(new QPrintDialog(printer.get(), window));
+            printer.setPrinterName(used.printer);
+        printer.setDocName(toQt(shown.form().Caption()));
+        printer.setPageLayout(paperOf(shown.layout()));
+        const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, widget()));
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setOption(QAbstractPrintDialog::PrintCurrentPage);
         dialog->setMinMax(1, static_cast<int>(shown.pages().size()));
         if (dialog->exec() != QDialog::Accepted)
             return;
-        used.printer = printer->printerName();
+        used.printer = printer.printerName();
         const forms::Hourglass hourglass(used.session.forms);
-        printPages(*printer, shown.layout(), shown.pages(), shown.currentPage(), work);
+        printPages(printer, shown.layout(), shown.pages(), shown.currentPage(), work);
+        const QString target = printer.outputFileName();
         if (state != nullptr)
-            state->setText(
-                tr("Sent to %1 ")
-                    .arg(printer->outputFileName().isEmpty() ? printer->printerName() : printer->outputFileName()));
+            state->setText(tr("Sent to %1 ").arg(target.isEmpty() ? printer.printerName() : target));
     });
 }
 

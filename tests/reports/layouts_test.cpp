@@ -43,6 +43,13 @@ protected:
         execute("insert into PersonsDebit (PersonsDebitID,PersonID,ActivityDT,Amt) values (" + std::to_string(id) +
                 "," + std::to_string(person) + ",'" + date + "'," + ado::toText(ado::Value(amount)) + ")");
     }
+    void addEquipment(int id, const std::string& number, const std::string& kind) {
+        const std::string key = std::to_string(id);
+        execute("insert into Resources (ResourceID,IncidentID,RequestNumber,Name,KindCode,AssignDate) values (" + key +
+                ",1,'" + number + "','OWNER " + key + "','" + kind + "','7/1/2005 07:00')");
+        execute("insert into Equipment (EquipmentID,ResourceID,UniqueEquipmentName) values (" + key + "," + key +
+                ",'UNIT " + key + "')");
+    }
     /// All texts of the report, in the order they stand on its pages.
     std::vector<std::string> texts(int number) {
         EXPECT_TRUE(engine.GetSQLRS(number));
@@ -91,14 +98,9 @@ TEST_P(LayoutsTest, ARosterOfManyGoesOnOnTheNextPageUnderTheSameHeads) {
 }
 
 TEST_P(LayoutsTest, EquipmentStandsUnderItsKind) {
-    int id = 0;
-    for (const std::string kind : {"FUEL", "DOZ1", "FUEL"}) {
-        const std::string key = std::to_string(++id);
-        execute("insert into Resources (ResourceID,IncidentID,RequestNumber,Name,KindCode,AssignDate) values (" + key +
-                ",1,'E-" + std::to_string(9 - id) + "','OWNER " + key + "','" + kind + "','7/1/2005 07:00')");
-        execute("insert into Equipment (EquipmentID,ResourceID,UniqueEquipmentName) values (" + key + "," + key +
-                ",'UNIT " + key + "')");
-    }
+    addEquipment(1, "E-8", "FUEL");
+    addEquipment(2, "E-7", "DOZ1");
+    addEquipment(3, "E-6", "FUEL");
     EXPECT_THAT(texts(11), ElementsAre("Equipment Management", "Request No.", "Equipment", "Name", "Assigned",
                                        "OR-ABC-1  BEAR CREEK", "DOZ1  Dozer, Heavy", "E-7", "UNIT 2", "OWNER 2",
                                        "07/01/2005", "FUEL  Fuel Tender", "E-6", "UNIT 3", "OWNER 3", "07/01/2005",
