@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QProgressBar>
@@ -100,6 +101,8 @@ void ButtonView::draw(Property property) {
             caption.replace(QStringLiteral("/ "), QStringLiteral("/\n"))
                 .replace(QStringLiteral(" && "), QStringLiteral("\n&& "));
         face_.setText(caption);
+        if (const QString keys = face_.property("ownKeys").toString(); !keys.isEmpty())
+            face_.setShortcut(QKeySequence(keys)); // a new text took the old one away
     } else if (property == Property::Text) {
         const QSignalBlocker quiet(face_);
         if (const auto* option = dynamic_cast<const forms::OptionButton*>(&button_))

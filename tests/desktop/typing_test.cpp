@@ -171,4 +171,19 @@ TEST_P(Typing, TheGridShowsTheRowsOfItsScreenAndFollowsTheCurrentOne) {
     EXPECT_EQ(table.currentIndex().row(), 0);
 }
 
+TEST_F(Typing, CtrlPPrintsTheFormWhateverTheButtonIsCalled) {
+    std::vector<int> printed;
+    session().extensions.PrintReport = [&printed](int number, const std::string&) { printed.push_back(number); };
+    const auto press = [this](int page, const char* field) {
+        shell().OpenScreen("Post Time", true, page); // the caption of the button is the page's
+        window().activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        QTest::keyClick(&face("frmPost", field), Qt::Key_P, Qt::ControlModifier);
+    };
+    press(0, "mskPost_0");
+    EXPECT_TRUE(QTest::qWaitFor([&printed] { return printed == std::vector<int>{6}; })); // the button goes down and up
+    press(2, "dbcContractor");
+    EXPECT_TRUE(QTest::qWaitFor([&printed] { return printed == std::vector<int>{6, 7}; }));
+}
+
 } // namespace zel::test

@@ -39,8 +39,33 @@ std::string caseName(const testing::TestParamInfo<Case>& info) {
     return name + "_" + testing::PrintToString(std::get<1>(info.param));
 }
 
-/// NAME.zel with what it answers in NAME.expected and, where it is there, the settings it leaves in NAME.ini; each as
-/// NAME.ENGINE.... where the engines differ. The scripts whose names begin with "print-" find the reporting program.
+/// The lines of what was printed, without those that are empty and with one blank where the page has a gap.
+std::string withoutGaps(const std::string& page) {
+    std::string text;
+    for (const std::string& line : lines(page)) {
+        std::istringstream words(line);
+        std::string joined;
+        for (std::string word; words >> word;)
+            joined += (joined.empty() ? "" : " ") + word;
+        text += joined.empty() ? "" : joined + "\n";
+    }
+    return text;
+}
+
+/// The files that the answers tell of, as text.
+std::string printedText(const ProgramRun& program, const std::string& answers) {
+    static const std::string mark = R"("printed":["{home}/)";
+    std::string text;
+    for (auto at = answers.find(mark); at != std::string::npos; at = answers.find(mark, at + 1)) {
+        const auto begin = at + mark.size();
+        text += withoutGaps(program.printed(answers.substr(begin, answers.find('"', begin) - begin)));
+    }
+    return text;
+}
+
+/// NAME.zel with what it answers in NAME.expected and, where they are there, the settings it leaves in NAME.ini and the
+/// text of what it prints in NAME.printed; each as NAME.ENGINE.... where the engines differ. The scripts whose names
+/// begin with "print-" find the reporting program too.
 class Script : public testing::TestWithParam<Case> {
 protected:
     /// What came out, in the folder that the test runs in, to be looked at and put in place when it is right.
@@ -58,7 +83,8 @@ protected:
 
 TEST_P(Script, answers_as_expected) {
     ProgramRun program(std::get<1>(GetParam()));
-    if (std::get<0>(GetParam()).starts_with("print-"))
+    const auto printed = file(".printed");
+    if (std::get<0>(GetParam()).starts_with("print-") || fs::exists(printed))
         program.installReports();
     const auto answers = program.run(readFile(file(".zel")));
     keep(answers, ".actual");
@@ -68,6 +94,11 @@ TEST_P(Script, answers_as_expected) {
     if (fs::exists(settings)) {
         keep(program.settings(), ".actual.ini");
         EXPECT_EQ(program.settings(), readFile(settings));
+    }
+    if (fs::exists(printed)) {
+        const auto text = printedText(program, answers);
+        keep(text, ".actual.printed");
+        EXPECT_EQ(text, readFile(printed));
     }
 }
 
