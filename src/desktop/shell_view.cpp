@@ -25,17 +25,18 @@ namespace {
 
 /// Keys of the entries that clerks use all day; F-keys and standard keys, shown in the menus.
 QKeySequence shortcutOf(const std::string& entry) {
-    static const std::map<std::string, QKeySequence> keys{{"mnuDataPath", QKeySequence(Qt::CTRL | Qt::Key_O)},
-                                                          {"mnuFileRefresh", QKeySequence(Qt::Key_F5)},
-                                                          {"mnuPrintSetup", QKeySequence(Qt::CTRL | Qt::Key_P)},
-                                                          {"mnuResSearch", QKeySequence(Qt::CTRL | Qt::Key_F)},
-                                                          {"mnuExit", QKeySequence(Qt::CTRL | Qt::Key_Q)},
-                                                          {"mnuPostPers", QKeySequence(Qt::Key_F6)},
-                                                          {"mnuPostCrews", QKeySequence(Qt::Key_F7)},
-                                                          {"mnuPostEq", QKeySequence(Qt::Key_F8)},
-                                                          {"mnuIncidentAE", QKeySequence(Qt::CTRL | Qt::Key_I)},
-                                                          {"mnuPersInfo", QKeySequence(Qt::Key_F3)},
-                                                          {"mnuHelpAbout", QKeySequence(Qt::Key_F1)}};
+    static const std::map<std::string, QKeySequence> keys{
+        {"mnuDataPath", QKeySequence(Qt::CTRL | Qt::Key_O)},
+        {"mnuFileRefresh", QKeySequence(Qt::Key_F5)},
+        {"mnuPrintSetup", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+        {"mnuResSearch", QKeySequence(Qt::CTRL | Qt::Key_F)},
+        {"mnuExit", QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        {"mnuPostPers", QKeySequence(Qt::Key_F6)},
+        {"mnuPostCrews", QKeySequence(Qt::Key_F7)},
+        {"mnuPostEq", QKeySequence(Qt::Key_F8)},
+        {"mnuIncidentAE", QKeySequence(Qt::CTRL | Qt::Key_I)},
+        {"mnuPersInfo", QKeySequence(Qt::Key_F3)},
+        {"mnuHelpAbout", QKeySequence(Qt::Key_F1)}};
     const auto found = keys.find(entry);
     return found == keys.end() ? QKeySequence() : found->second;
 }
