@@ -171,7 +171,7 @@ TEST_P(Typing, TheGridShowsTheRowsOfItsScreenAndFollowsTheCurrentOne) {
     EXPECT_EQ(table.currentIndex().row(), 0);
 }
 
-TEST_F(Typing, CtrlPPrintsTheFormWhateverTheButtonIsCalled) {
+TEST_P(Typing, CtrlPPrintsTheFormWhateverTheButtonIsCalled) {
     std::vector<int> printed;
     session().extensions.PrintReport = [&printed](int number, const std::string&) { printed.push_back(number); };
     const auto press = [this](int page, const char* field) {
