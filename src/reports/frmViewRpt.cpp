@@ -8,14 +8,7 @@ namespace zel::reports {
 
 void frmViewRpt::ShowReport(modRpt& report, const std::string& title, bool flag) {
     printing::Layout layout = report.crxReport->parsed();
-    if (!layout.sort.empty())
-        report.rsRpt->setSort(layout.sort);
-    printing::ReportData data;
-    data.main = printing::Rows::of(*report.rsRpt);
-    if (report.rsRptSub->State() == ado::stateOpen)
-        data.subreport = printing::Rows::of(*report.rsRptSub);
-    data.parameters = report.crxReport->parameters;
-    std::vector<printing::Page> pages = printing::makePages(layout, data);
+    std::vector<printing::Page> pages = printing::makePages(layout, report.data(layout));
     CRViewer91.ViewReport(std::move(layout), std::move(pages));
     flag_ = flag;
     setCaption(title + " Report");

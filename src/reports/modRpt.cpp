@@ -111,4 +111,15 @@ bool modRpt::GetSQLRS(int ReportNumber, const ReportValues& values) {
     return ready;
 }
 
+printing::ReportData modRpt::data(const printing::Layout& layout) {
+    if (!layout.sort.empty())
+        rsRpt->setSort(layout.sort);
+    printing::ReportData data;
+    data.main = printing::Rows::of(*rsRpt);
+    if (rsRptSub->State() == ado::stateOpen)
+        data.subreport = printing::Rows::of(*rsRptSub);
+    data.parameters = crxReport->parameters;
+    return data;
+}
+
 } // namespace zel::reports

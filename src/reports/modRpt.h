@@ -3,6 +3,7 @@
 #include "ado/recordset.h"
 #include "ado/value.h"
 #include "printing/layout.h"
+#include "printing/pages.h"
 #include "reports/report_statements.h"
 
 #include <map>
@@ -37,6 +38,8 @@ public:
     /// Composes the report's statements, opens its layout and its record sets. True when they are ready; every refusal
     /// and every failure is shown in a box, and leaves nothing open.
     bool GetSQLRS(int ReportNumber, const ReportValues& values = {});
+    /// What a layout shows of the report that is ready, its rows in the order that the layout asks for.
+    [[nodiscard]] printing::ReportData data(const printing::Layout& layout);
 
 private:
     bool accepted(int number);

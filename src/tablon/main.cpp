@@ -19,7 +19,7 @@ std::string environment(const char* name) {
 
 /// What the program says, else the folder above the one that this program stands in.
 std::string programFolder() {
-    const std::string told = environment("ZEL_HOME");
+    std::string told = environment("ZEL_HOME");
     if (!told.empty())
         return told;
     return std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path().string();

@@ -16,7 +16,7 @@ namespace {
 
 using forms::Icon;
 
-constexpr int timeReport = 6;
+constexpr int timeReport = 6, commissaryAuthorization = 9;
 /// Clerks who post while the report is read make it read again; more than a few times is no chance meeting.
 constexpr int patience = 5;
 
@@ -44,13 +44,15 @@ std::string nameOf(const Request& request) {
     return (request.whose == Whose::Person ? "P" : "R") + std::to_string(request.key);
 }
 
-std::string nobodysHours(const Request& request) {
+std::string nothingOf(const Request& request) {
+    const std::string what = request.report == timeReport ? "no posted hours" : "nobody";
     const std::string key = std::to_string(request.key);
-    if (request.whose == Whose::Person)
-        return "Person " + key + " has no posted hours to print.";
-    if (request.whose == Whose::Resource)
-        return "Resource " + key + " has no posted hours to print.";
-    return "There are no posted hours to print.";
+    if (request.whose == Whose::All)
+        return "There " + std::string(request.report == timeReport ? "are " : "is ") + what + " to print.";
+    if (request.report == timeReport)
+        return (request.whose == Whose::Person ? "Person " : "Resource ") + key + " has " + what + " to print.";
+    return request.whose == Whose::Person ? "There is no person " + key + " to print."
+                                          : "Resource " + key + " has " + what + " to print.";
 }
 
 } // namespace
@@ -80,12 +82,20 @@ Outcome Tablon::run(const std::string& argument) {
 }
 
 Outcome Tablon::carryOut(const Request& request) {
-    if (request.report != timeReport)
+    if (request.report != timeReport && request.report != commissaryAuthorization)
         return tell(Outcome::NotInThisBuild,
                     "Report " + std::to_string(request.report) + " is not part of this build of the reporting program.",
                     Icon::Information);
     open(request);
-    return printTimeReport(request);
+    select(request);
+    return request.report == timeReport ? printTimeReport(request) : printPlain(request);
+}
+
+void Tablon::select(const Request& request) {
+    session_.gIncidentID = request.incident;
+    session_.gManageAll = request.manageAll;
+    session_.gCurrentPersonID = request.whose == Whose::Person ? request.key : -1;
+    session_.gCurrentResourceID = request.whose == Whose::Resource ? request.key : -1;
 }
 
 std::string Tablon::databaseFile() {
@@ -122,24 +132,35 @@ bool Tablon::readTimeReport(reports::modRpt& engine, const Request& request, std
     return false;
 }
 
+Outcome Tablon::print(const Request& request, const reports::modRpt& engine, const printing::Layout& layout,
+                      const printing::ReportData& data) {
+    surroundings_.print(engine.title + " " + nameOf(request), engine.title, layout, printing::makePages(layout, data));
+    return Outcome::Printed;
+}
+
+Outcome Tablon::printPlain(const Request& request) {
+    reports::modRpt engine(session_);
+    if (!engine.GetSQLRS(request.report))
+        return Outcome::Failed;
+    const printing::Layout layout = engine.crxReport->parsed();
+    const printing::ReportData data = engine.data(layout);
+    if (data.main.rows.empty())
+        return tell(Outcome::NothingToPrint, nothingOf(request), Icon::Information);
+    return print(request, engine, layout, data);
+}
+
 Outcome Tablon::printTimeReport(const Request& request) {
-    session_.gIncidentID = request.incident;
-    session_.gManageAll = request.manageAll;
-    session_.gCurrentPersonID = request.whose == Whose::Person ? request.key : -1;
-    session_.gCurrentResourceID = request.whose == Whose::Resource ? request.key : -1;
     reports::modRpt engine(session_);
     std::vector<Posting> postings;
     if (!readTimeReport(engine, request, postings))
         return Outcome::Failed;
     tellOfPostingsWithoutAccount(request);
-    printing::ReportData data{printing::Rows::of(*engine.rsRpt), printing::Rows::of(*engine.rsRptSub),
-                              engine.crxReport->parameters};
+    const printing::Layout layout = engine.crxReport->parsed();
+    printing::ReportData data = engine.data(layout);
     if (data.main.rows.empty())
-        return tell(Outcome::NothingToPrint, nobodysHours(request), Icon::Information);
+        return tell(Outcome::NothingToPrint, nothingOf(request), Icon::Information);
     addTimeReportFields(data.main, postings, kindsOf(session_.connection()));
-    const printing::Layout layout = printing::parseLayout(engine.crxReport->text);
-    surroundings_.print(engine.title + " " + nameOf(request), engine.title, layout, printing::makePages(layout, data));
-    return Outcome::Printed;
+    return print(request, engine, layout, data);
 }
 
 /// The form's statement leaves them out, and nobody may be paid short without a word.

@@ -45,10 +45,15 @@ private:
     Outcome carryOut(const Request& request);
     void open(const Request& request);
     [[nodiscard]] std::string databaseFile();
+    void select(const Request& request);
+    /// A report that shows what its statements read.
+    Outcome printPlain(const Request& request);
     Outcome printTimeReport(const Request& request);
     /// The rows, with every posting in its column.
     bool readTimeReport(reports::modRpt& engine, const Request& request, std::vector<Posting>& postings);
     void tellOfPostingsWithoutAccount(const Request& request);
+    Outcome print(const Request& request, const reports::modRpt& engine, const printing::Layout& layout,
+                  const printing::ReportData& data);
     Outcome tell(Outcome outcome, const std::string& text, forms::Icon icon);
 
     Surroundings surroundings_;

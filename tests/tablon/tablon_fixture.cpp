@@ -1,8 +1,7 @@
 #include "tablon_fixture.h"
 
+#include <cstdlib>
 #include <stdexcept>
-
-#include <stdlib.h>
 
 namespace zel::tablon {
 

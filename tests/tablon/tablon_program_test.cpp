@@ -166,10 +166,22 @@ TEST_P(TablonProgramTest, LettersThatTheFontDoesNotHaveAndLineEndsAreNoTrouble) 
     EXPECT_THAT(text, HasSubstr("JO"));
 }
 
+TEST_P(TablonProgramTest, TheCommissaryAuthorizationHasASheetForEachPerson) {
+    execute("update Persons set SSN='123456789', City='SISTERS', State='OR' where PersonID=11");
+    ASSERT_EQ(run(argument("R5", 9)).first, 0);
+    ASSERT_THAT(files(), ElementsAre("Commissary Authorization R5.pdf"));
+    const std::string text = words(textOf("Commissary Authorization R5.pdf"));
+    for (const char* part : {"COMMISSARY AUTHORIZATION Request C-7", "SMITH, PAT 123-45-6789 AD NO", "SISTERS, OR",
+                             "O'BRIEN, LEE", "RIDGE CREW", "Page 1 of 1"})
+        EXPECT_THAT(text, HasSubstr(part));
+    EXPECT_LT(text.find("O'BRIEN, LEE"), text.find("SMITH, PAT"));
+    EXPECT_THAT(text, testing::Not(HasSubstr("MILLER")));
+}
+
 TEST_P(TablonProgramTest, TellsInALineWhereThereAreNoWindows) {
     EXPECT_THAT(run(argument("P99")), testing::Pair(4, "Tablon: Report: Person 99 has no posted hours to print.\n"));
-    EXPECT_THAT(run(argument("P11", 9)),
-                testing::Pair(3, "Tablon: Report: Report 9 is not part of this build of the reporting program.\n"));
+    EXPECT_THAT(run(argument("P11", 10)),
+                testing::Pair(3, "Tablon: Report: Report 10 is not part of this build of the reporting program.\n"));
     EXPECT_THAT(run("1,6"), testing::Pair(2, "Tablon: Report: The argument has 2 values instead of 9.\n"));
     EXPECT_THAT(run(argument("P11"), "ZEL_PRINT_DIR=/nowhere/out").first, 1);
     EXPECT_THAT(run(argument("P11"), "ZEL_HOME=/nowhere/zel").second, HasSubstr("OF288.rpt cannot be read"));

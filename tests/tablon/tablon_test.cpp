@@ -119,6 +119,21 @@ TEST_P(TablonTest, NobodysHoursAreNotPrintedAndNothingIsChanged) {
     EXPECT_THAT(columns(), ElementsAre("101||", "102||", "103||", "104||"));
 }
 
+TEST_P(TablonTest, AnAuthorizationIsForSomebody) {
+    EXPECT_EQ(run(argument("0", 9)), Outcome::Printed);
+    EXPECT_THAT(pages, SizeIs(3));
+    EXPECT_EQ(run(argument("P13", 9)), Outcome::Printed);
+    EXPECT_THAT(pages, SizeIs(1));
+    EXPECT_EQ(run(argument("P99", 9)), Outcome::NothingToPrint);
+    EXPECT_EQ(run(argument("R99", 9)), Outcome::NothingToPrint);
+    EXPECT_EQ(run(argument("0", 9, "False", "77")), Outcome::NothingToPrint);
+    const auto shown = dialogs.take();
+    ASSERT_THAT(shown, SizeIs(3));
+    EXPECT_EQ(shown[0].text, "There is no person 99 to print.");
+    EXPECT_EQ(shown[1].text, "Resource 99 has nobody to print.");
+    EXPECT_EQ(shown[2].text, "There is nobody to print.");
+}
+
 TEST_P(TablonTest, WhatItCannotDoItTellsInABox) {
     postings();
     EXPECT_EQ(run("nonsense"), Outcome::BadArgument);
