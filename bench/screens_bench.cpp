@@ -81,6 +81,7 @@ void useScreens(benchmark::State& state, Rivals& rivals) {
         const forms::FormRegistry::Action action(program.session().forms);
         if (program.session().gManageAll != on)
             require(user.check(program.shell().chkManageAll, on));
+        program.forgetBoxes();
     };
     Steps steps;
     for (auto iteration : state) {

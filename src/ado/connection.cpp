@@ -3,6 +3,7 @@
 #include "ado/convert.h"
 #include "ado/error.h"
 #include "ado/sql/translator.h"
+#include "ado/sql/value_break_out.h"
 
 #include <fmt/format.h>
 
@@ -115,7 +116,9 @@ Connection::Prepared Connection::prepare(const Sql& statement) {
     Engine& open = engine();
     if (observer_)
         observer_(statement.text());
-    if (valueBreaksOut(statement))
+    thread_local sql::Tokens tokens; // for its room
+    const sql::LexFault fault = sql::lex(statement.text(), tokens);
+    if (valueBreaksOut(statement, tokens, fault))
         throw Error(
             ErrorKind::Statement, errors::errorsInCommand,
             "Syntax error in the statement: a value ends its own text early, as a quotation mark in a name does.",
@@ -123,7 +126,7 @@ Connection::Prepared Connection::prepare(const Sql& statement) {
     if (!cache_)
         cache_ = std::make_unique<Cache>(open);
     return namingStatement(statement, [&]() -> Prepared {
-        sql::Translated translated = cache_->translator.translate(statement.text());
+        sql::Translated translated = cache_->translator.translate(tokens, fault);
         const bool writes = translated.shape->kind != sql::StatementKind::Select;
         auto prepared = cache_->get(open, translated.shape->engineText, writes);
         if (!writes)

@@ -1,7 +1,7 @@
 #include "ado/sql.h"
 
 #include "ado/convert.h"
-#include "ado/sql/lexer.h"
+#include "ado/sql/value_break_out.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -137,13 +137,18 @@ Sql Sql::slice(std::size_t begin, std::size_t end) const {
 }
 
 bool valueBreaksOut(const Sql& statement) {
+    thread_local Tokens tokens;
+    const sql::LexFault fault = lex(statement.text(), tokens);
+    return valueBreaksOut(statement, tokens, fault);
+}
+
+bool valueBreaksOut(const Sql& statement, const Tokens& tokens, sql::LexFault fault) {
     const std::vector<Sql::Span>& values = statement.values();
     if (std::ranges::all_of(values, [](const Sql::Span& span) { return span.begin == span.end; }))
         return false;
-    thread_local Tokens tokens;
-    if (lex(statement.text(), tokens) != sql::LexFault::None)
+    if (fault != sql::LexFault::None)
         return true;
-    return std::ranges::any_of(values, [](const Sql::Span& span) {
+    return std::ranges::any_of(values, [&](const Sql::Span& span) {
         const Sql::Span value = withoutBlanks(tokens.text, span);
         return value.begin != value.end && breaksOut(tokens, span);
     });

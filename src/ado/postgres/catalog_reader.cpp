@@ -97,10 +97,13 @@ ServerTables readTables(Engine& engine) {
         ServerTables::Numbered& numbered = tables.byNumber[static_cast<unsigned>(row.number(0))];
         numbered.name = table.name;
         numbered.isView = table.isView();
-        numbered.columns[static_cast<int>(row.number(4))] = row.text(5);
+        numbered.columns[static_cast<int>(row.number(4))] = {row.text(5), {}};
     }
     if (rows.rows() != 0)
         finish(rows.rows() - 1);
+    for (auto& [number, numbered] : tables.byNumber)
+        for (auto& [place, column] : numbered.columns)
+            column.spelling = tables.catalog.table(numbered.name)->column(column.name)->spelling;
     return tables;
 }
 

@@ -98,7 +98,9 @@ void PostgresStatement::readColumns(const pg_result* result) {
         if (name == found->second.columns.end())
             continue;
         column.baseTable = found->second.name;
-        column.baseColumn = name->second;
+        column.baseColumn = name->second.name;
+        if (column.name == column.baseColumn && !name->second.spelling.empty())
+            column.name = name->second.spelling;
     }
     columns_ = std::move(columns);
     readers_ = std::move(readers);

@@ -19,33 +19,37 @@ std::optional<std::size_t> findNamed(std::span<const ResultColumn> columns, std:
     return std::nullopt;
 }
 
-/// Nothing where nobody knows.
-std::optional<std::string> spellingOf(const ResultColumn& column, const sql::Translation& statement,
-                                      const Catalog& catalog) {
+std::vector<const CatalogTable*> viewsOf(const sql::Translation& statement, const Catalog& catalog) {
+    std::vector<const CatalogTable*> views;
+    for (const std::string& source : statement.sources)
+        if (const CatalogTable* table = catalog.table(source); table != nullptr && table->isView())
+            views.push_back(table);
+    return views;
+}
+
+/// Null where nobody knows.
+const std::string* spellingOf(const ResultColumn& column, const sql::Translation& statement,
+                              std::span<const CatalogTable* const> views) {
     for (const std::string& alias : statement.aliases)
         if (equalIgnoringCase(alias, column.name))
-            return alias;
-    const auto ofTable = [&](std::string_view name) -> std::optional<std::string> {
-        const CatalogTable* table = catalog.table(name);
-        const CatalogColumn* known = table == nullptr ? nullptr : table->column(column.name);
-        if (known == nullptr || known->spelling.empty())
-            return std::nullopt;
-        return known->spelling;
-    };
+            return &alias;
     if (equalIgnoringCase(column.name, column.baseColumn))
-        return ofTable(column.baseTable);
-    for (const std::string& source : statement.sources)
-        if (auto spelling = ofTable(source))
-            return spelling;
-    return std::nullopt;
+        return nullptr;
+    for (const CatalogTable* view : views)
+        if (const CatalogColumn* known = view->column(column.name); known != nullptr && !known->spelling.empty())
+            return &known->spelling;
+    return nullptr;
 }
 
 } // namespace
 
 void spellNames(std::span<ResultColumn> columns, const sql::Translation& statement, const Catalog& catalog) {
+    const std::vector<const CatalogTable*> views = viewsOf(statement, catalog);
+    if (views.empty() && statement.aliases.empty())
+        return;
     for (ResultColumn& column : columns)
-        if (auto spelling = spellingOf(column, statement, catalog))
-            column.name = std::move(*spelling);
+        if (const std::string* spelling = spellingOf(column, statement, views))
+            column.name = *spelling;
 }
 
 std::optional<std::size_t> findColumn(std::span<const ResultColumn> columns, std::string_view name) {

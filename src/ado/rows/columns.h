@@ -19,8 +19,8 @@ namespace zel::ado {
 /// As findColumn; throws Error 3265 when there is none.
 [[nodiscard]] std::size_t columnIndex(std::span<const ResultColumn> columns, std::string_view name);
 
-/// Spells the names of a statement's columns as the statement's aliases and the schema do. A server that folds names to
-/// lower case would show them so at the head of every grid.
+/// Spells the names of a statement's columns as its aliases and the views it reads do. A server that folds names to
+/// lower case would show them so at the head of every grid; its engine has spelled those that are columns of tables.
 void spellNames(std::span<ResultColumn> columns, const sql::Translation& statement, const Catalog& catalog);
 
 /// An identifier as both engines quote it.

@@ -98,7 +98,7 @@ struct Translator::State {
     const Catalog& catalog;
     Shapes young, old;
     // Kept for their room.
-    Tokens tokens;
+    Tokens own;
     std::string key, fixed;
 
     /// Null when the shape is new.
@@ -121,7 +121,7 @@ struct Translator::State {
         return young.insert_or_assign(key, std::move(shape)).first->second;
     }
 
-    Shape plan() {
+    [[nodiscard]] Shape plan(const Tokens& tokens) const {
         checkTokens(tokens);
         const Structure structure = analyse(tokens);
         Shape shape;
@@ -131,7 +131,7 @@ struct Translator::State {
         return shape;
     }
 
-    std::shared_ptr<const Translation> make(const Shape& shape) {
+    [[nodiscard]] std::shared_ptr<const Translation> make(const Tokens& tokens, const Shape& shape) const {
         const Structure structure = analyse(tokens);
         const ColumnTypes types(tokens, structure, catalog);
         auto made = std::make_shared<Translation>();
@@ -145,10 +145,10 @@ struct Translator::State {
         return made;
     }
 
-    std::shared_ptr<const Translation> translation(Shape& shape) {
+    std::shared_ptr<const Translation> translation(const Tokens& tokens, Shape& shape) {
         if (shape.allLifted) {
             if (!shape.only)
-                shape.only = make(shape);
+                shape.only = make(tokens, shape);
             return shape.only;
         }
         fixed.clear();
@@ -159,10 +159,10 @@ struct Translator::State {
             found != shape.byFixedLiterals.end())
             return found->second;
         if (fixed.size() > longestKept)
-            return make(shape);
+            return make(tokens, shape);
         if (shape.byFixedLiterals.size() >= keptShapes)
             shape.byFixedLiterals.clear();
-        return shape.byFixedLiterals.emplace(fixed, make(shape)).first->second;
+        return shape.byFixedLiterals.emplace(fixed, make(tokens, shape)).first->second;
     }
 };
 
@@ -171,21 +171,27 @@ Translator::Translator(EngineKind engine, const Catalog& catalog) : state_(std::
 Translator::~Translator() = default;
 
 Translated Translator::translate(std::string_view statement) {
+    const LexFault fault = lex(statement, state_->own);
+    return translate(state_->own, fault);
+}
+
+Translated Translator::translate(const Tokens& tokens, LexFault fault) {
     State& state = *state_;
-    if (const LexFault fault = lex(statement, state.tokens); fault != LexFault::None)
-        refuse(describe(fault), statement);
-    appendKey(state.tokens, state.key);
+    if (fault != LexFault::None)
+        refuse(describe(fault), tokens.text);
+    appendKey(tokens, state.key);
     Shape* shape = state.find();
     Shape once;
     if (shape == nullptr) {
-        once = state.plan();
+        once = state.plan(tokens);
         shape = state.key.size() > longestKept ? &once : &state.keep(std::move(once));
     }
     Translated made;
+    made.parameters.reserve(shape->plans.size());
     for (const LiteralPlan& plan : shape->plans)
         if (plan.lifted)
-            made.parameters.push_back(boundValue(state.tokens, plan, state.engine));
-    made.shape = state.translation(*shape);
+            made.parameters.push_back(boundValue(tokens, plan, state.engine));
+    made.shape = state.translation(tokens, *shape);
     return made;
 }
 

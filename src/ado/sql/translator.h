@@ -2,6 +2,7 @@
 
 #include "ado/catalog.h"
 #include "ado/engine.h"
+#include "ado/sql/lexer.h"
 #include "ado/value.h"
 
 #include <memory>
@@ -44,6 +45,8 @@ public:
     /// Throws Error (0x80040E14) for text that must not be sent: NUL, no UTF-8, a second statement behind ";", a text
     /// or date that is not closed, a parameter without a value, a date that is none beside a date column.
     [[nodiscard]] Translated translate(std::string_view statement);
+    /// The same for a statement that is taken apart already, as far as it could be.
+    [[nodiscard]] Translated translate(const Tokens& tokens, LexFault fault);
 
 private:
     struct State;
