@@ -121,24 +121,46 @@ QAction& ReportView::addAction(const char* icon, const QString& text, const QLis
     return *made;
 }
 
+QAction* ReportView::addIcon(const char* icon, const QString& text, const QList<QKeySequence>& keys,
+                             std::function<void()> action) {
+    QAction& made = addAction(icon, text, keys, std::move(action));
+    if (auto* button = dynamic_cast<QToolButton*>(bar_.widgetForAction(&made)))
+        button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    return &made;
+}
+
 void ReportView::makeBar() {
-    const auto onlyIcon = [this](QAction& action) {
-        if (auto* button = dynamic_cast<QToolButton*>(bar_.widgetForAction(&action)))
-            button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-        return &action;
-    };
-    const auto goTo = [this](auto page) {
-        return [this, page] { act([page](ReportViewer& shown) { shown.goTo(page(shown)); }); };
-    };
     bar_.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addAction("print", tr("Print"), {QKeySequence(Qt::CTRL | Qt::Key_P)}, [this] { print(); });
     addAction("save", tr("Save as PDF"), {QKeySequence(Qt::CTRL | Qt::Key_S)}, [this] { saveAsPdf(); });
     addAction("find", tr("Find"), {QKeySequence(Qt::CTRL | Qt::Key_F)}, [this] { openFindLine(); });
     bar_.addSeparator();
-    onlyIcon(addAction("first", tr("First Page"), {Qt::Key_Home, Qt::CTRL | Qt::Key_Home},
-                       goTo([](const ReportViewer&) { return std::size_t{0}; })));
-    previous_ = onlyIcon(addAction("previous", tr("Previous Page"), {Qt::CTRL | Qt::Key_PageUp},
-                                   goTo([](const ReportViewer& shown) { return shown.currentPage() - 1; })));
+    addPageActions();
+    bar_.addSeparator();
+    addZoomActions();
+    state_ = new QLabel;
+    state_->setObjectName(QStringLiteral("decoState"));
+    state_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    state_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    bar_.addWidget(state_);
+}
+
+void ReportView::addPageActions() {
+    const auto goTo = [this](auto page) {
+        return [this, page] { act([page](ReportViewer& shown) { shown.goTo(page(shown)); }); };
+    };
+    addIcon("first", tr("First Page"), {Qt::Key_Home, Qt::CTRL | Qt::Key_Home},
+            goTo([](const ReportViewer&) { return std::size_t{0}; }));
+    previous_ = addIcon("previous", tr("Previous Page"), {Qt::CTRL | Qt::Key_PageUp},
+                        goTo([](const ReportViewer& shown) { return shown.currentPage() - 1; }));
+    addPageBox();
+    next_ = addIcon("next", tr("Next Page"), {Qt::CTRL | Qt::Key_PageDown},
+                    goTo([](const ReportViewer& shown) { return shown.currentPage() + 1; }));
+    addIcon("last", tr("Last Page"), {Qt::Key_End, Qt::CTRL | Qt::Key_End},
+            goTo([](const ReportViewer& shown) { return shown.pages().size() - 1; }));
+}
+
+void ReportView::addPageBox() {
     pageBox_ = new QSpinBox;
     pageBox_->setObjectName(QStringLiteral("decoPage"));
     pageBox_->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -149,25 +171,6 @@ void ReportView::makeBar() {
     pageCount_ = new QLabel;
     pageCount_->setObjectName(QStringLiteral("decoPageCount"));
     bar_.addWidget(pageCount_);
-    next_ = onlyIcon(addAction("next", tr("Next Page"), {Qt::CTRL | Qt::Key_PageDown},
-                               goTo([](const ReportViewer& shown) { return shown.currentPage() + 1; })));
-    onlyIcon(addAction("last", tr("Last Page"), {Qt::Key_End, Qt::CTRL | Qt::Key_End},
-                       goTo([](const ReportViewer& shown) { return shown.pages().size() - 1; })));
-    bar_.addSeparator();
-    zoomOut_ = onlyIcon(addAction("zoom-out", tr("Smaller"), {Qt::CTRL | Qt::Key_Minus}, [this] { zoomBy(-1); }));
-    fullSize_ = &addAction("", tr("Full Size"), {Qt::CTRL | Qt::Key_0}, [this] {
-        fit_->setChecked(false);
-        act([](ReportViewer& shown) { shown.setZoom(ReportViewer::fullZoom); });
-    });
-    zoomIn_ = onlyIcon(
-        addAction("zoom-in", tr("Larger"), {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { zoomBy(1); }));
-    fit_ = &addAction("fit-width", tr("Fit Width"), {Qt::CTRL | Qt::Key_2}, [this] { fitWidth(fit_->isChecked()); });
-    fit_->setCheckable(true);
-    state_ = new QLabel;
-    state_->setObjectName(QStringLiteral("decoState"));
-    state_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    state_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    bar_.addWidget(state_);
     QObject::connect(pageBox_, &QSpinBox::valueChanged, this, [this](int page) {
         act([page](ReportViewer& shown) {
             if (shown.currentPage() + 1 != static_cast<std::size_t>(page))
@@ -178,6 +181,18 @@ void ReportView::makeBar() {
         pageBox_->setFocus();
         pageBox_->selectAll();
     });
+}
+
+void ReportView::addZoomActions() {
+    zoomOut_ = addIcon("zoom-out", tr("Smaller"), {Qt::CTRL | Qt::Key_Minus}, [this] { zoomBy(-1); });
+    fullSize_ = &addAction("", tr("Full Size"), {Qt::CTRL | Qt::Key_0}, [this] {
+        fit_->setChecked(false);
+        act([](ReportViewer& shown) { shown.setZoom(ReportViewer::fullZoom); });
+    });
+    zoomIn_ =
+        addIcon("zoom-in", tr("Larger"), {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { zoomBy(1); });
+    fit_ = &addAction("fit-width", tr("Fit Width"), {Qt::CTRL | Qt::Key_2}, [this] { fitWidth(fit_->isChecked()); });
+    fit_->setCheckable(true);
 }
 
 void ReportView::makeFindLine() {

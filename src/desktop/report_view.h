@@ -27,10 +27,6 @@ public:
     ReportView(reports::ReportViewer& viewer, QWidget& widget, Desk& desk);
 
     void detach() override;
-    /// Asks for a file, and writes the report as PDF.
-    void saveAsPdf();
-    /// Asks for a printer and pages, and prints them.
-    void print();
 
 protected:
     void draw(forms::Property property) override;
@@ -41,9 +37,15 @@ private:
     template <typename Part>
     [[nodiscard]] Part& part(const char* name) const;
     void makeBar();
+    void addPageActions();
+    void addPageBox();
+    void addZoomActions();
     void makeFindLine();
     QAction& addAction(const char* icon, const QString& text, const QList<QKeySequence>& keys,
                        std::function<void()> action);
+    /// The same, without its words in the bar.
+    QAction* addIcon(const char* icon, const QString& text, const QList<QKeySequence>& keys,
+                     std::function<void()> action);
     /// Does something with the viewer, as everything that a clerk does.
     void act(const std::function<void(reports::ReportViewer&)>& action);
 
@@ -56,6 +58,10 @@ private:
     void openFindLine();
     void closeFindLine();
     void find(bool backwards);
+    /// Asks for a file, and writes the report as PDF.
+    void saveAsPdf();
+    /// Asks for a printer and pages, and prints them.
+    void print();
     /// Tells how far a long work is, at most a few times a second.
     std::function<void(std::size_t)> progress();
 
