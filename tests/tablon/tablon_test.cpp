@@ -101,6 +101,11 @@ TEST_P(TablonTest, AColumnDoesNotDependOnWhatIsPrinted) {
     ASSERT_EQ(run(argument("P11", 6, "False", "-1", "True")), Outcome::Printed);
     EXPECT_THAT(columns(), ElementsAre("101|2|1", "102|1|1"));
     EXPECT_EQ(count("P6QQQ3"), 1U);
+    // An incident begins a page, and the pages are those of one person.
+    EXPECT_THAT(pages, SizeIs(2));
+    EXPECT_EQ(count("1 of 2") + count("2 of 2"), 2U);
+    EXPECT_EQ(count("COLD CREEK") + count("BEAR CREEK"), 2U);
+    EXPECT_EQ(count("$291.20"), 2U); // the whole amount and the net, on the last page
 }
 
 TEST_P(TablonTest, NobodysHoursAreNotPrintedAndNothingIsChanged) {
