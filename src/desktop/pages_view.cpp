@@ -129,8 +129,7 @@ void PagesView::showFound() {
     viewport()->update();
 }
 
-void PagesView::paintFound(QPainter& painter, std::size_t page) {
-    const printing::PagePainter letters(painter);
+void PagesView::paintFound(QPainter& painter, const printing::PagePainter& letters, std::size_t page) {
     for (const printing::FoundText& found : printing::textsOnPage(viewer_->pages(), page, viewer_->searched())) {
         const QRectF place = letters.lettersOf(viewer_->pages()[page][found.mark], found.first, found.length);
         const bool current = viewer_->found() && *viewer_->found() == found;
@@ -142,7 +141,7 @@ void PagesView::paintFound(QPainter& painter, std::size_t page) {
     }
 }
 
-void PagesView::paintPage(QPainter& painter, std::size_t page) {
+void PagesView::paintPage(QPainter& painter, printing::PagePainter& drawing, std::size_t page) {
     const QRect place = pagePlace(page);
     painter.fillRect(place.adjusted(-1, -1, 1, 1), edge);
     painter.fillRect(place, paper);
@@ -150,8 +149,8 @@ void PagesView::paintPage(QPainter& painter, std::size_t page) {
     painter.setClipRect(place);
     painter.translate(place.topLeft());
     painter.scale(dotsToPixels(), dotsToPixels());
-    paintFound(painter, page);
-    printing::PagePainter(painter).draw(viewer_->pages()[page]);
+    paintFound(painter, drawing, page);
+    drawing.draw(viewer_->pages()[page]);
     painter.restore();
 }
 
@@ -160,9 +159,10 @@ void PagesView::paintEvent(QPaintEvent* event) {
         return;
     QPainter painter(viewport());
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    printing::PagePainter drawing(painter);
     const std::size_t last = pageAt(event->rect().bottom());
     for (std::size_t page = pageAt(event->rect().top()); page <= last; ++page)
-        paintPage(painter, page);
+        paintPage(painter, drawing, page);
 }
 
 void PagesView::resizeEvent(QResizeEvent*) {

@@ -8,6 +8,10 @@
 class QPainter;
 class QScrollBar;
 
+namespace zel::printing {
+class PagePainter;
+} // namespace zel::printing
+
 namespace zel::reports {
 class ReportViewer;
 } // namespace zel::reports
@@ -55,8 +59,8 @@ private:
     [[nodiscard]] int pitch() const;
     [[nodiscard]] std::size_t pageAt(int y) const;
     void scrollTo(QScrollBar& bar, int value);
-    void paintPage(QPainter& painter, std::size_t page);
-    void paintFound(QPainter& painter, std::size_t page);
+    void paintPage(QPainter& painter, printing::PagePainter& drawing, std::size_t page);
+    void paintFound(QPainter& painter, const printing::PagePainter& letters, std::size_t page);
 
     const reports::ReportViewer* viewer_ = nullptr;
     bool placing_ = false;

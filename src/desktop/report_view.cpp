@@ -20,6 +20,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScopeGuard>
 #include <QShortcut>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -57,6 +58,12 @@ std::string fileNameOf(std::string caption) {
             letter = '-';
     }
     return caption + ".pdf";
+}
+
+/// Says how a long work stands, unless the window is gone.
+void tellState(const QPointer<QLabel>& state, const QString& text) {
+    if (state != nullptr)
+        state->setText(text);
 }
 
 } // namespace
@@ -320,8 +327,7 @@ std::function<void(std::size_t)> ReportView::progress() {
         if (since.elapsed() < often)
             return;
         since.start();
-        if (state != nullptr)
-            state->setText(tr("Page %1 ... ").arg(done));
+        tellState(state, tr("Page %1 ... ").arg(done));
         session.DoEvents();
     };
 }
@@ -339,9 +345,10 @@ void ReportView::saveAsPdf() {
         if (path.empty())
             return;
         const forms::Hourglass hourglass(session.forms);
+        QString told; // nothing of a work that failed
+        const auto tell = qScopeGuard([&] { tellState(state, told); });
         session.files.write(path, printing::pdfOf(caption, shown.layout(), shown.pages(), work));
-        if (state != nullptr)
-            state->setText(tr("Saved as %1 ").arg(toQt(path).section(QLatin1Char('/'), -1)));
+        told = tr("Saved as %1 ").arg(toQt(path).section(QLatin1Char('/'), -1));
     });
 }
 
@@ -363,10 +370,11 @@ void ReportView::print() {
             return;
         used.printer = printer.printerName();
         const forms::Hourglass hourglass(used.session.forms);
+        QString told;
+        const auto tell = qScopeGuard([&] { tellState(state, told); });
         printPages(printer, shown.layout(), shown.pages(), shown.currentPage(), work);
         const QString target = printer.outputFileName();
-        if (state != nullptr)
-            state->setText(tr("Sent to %1 ").arg(target.isEmpty() ? printer.printerName() : target));
+        told = tr("Sent to %1 ").arg(target.isEmpty() ? printer.printerName() : target);
     });
 }
 
