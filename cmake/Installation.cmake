@@ -68,8 +68,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Reports need a font of known widths; the rest of Qt's parts come with the libraries.
+# Reports need a font of known widths; the rest of Qt's parts come with the libraries. Printed forms are shown through
+# xdg-open.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS postgresql)
 include(CPack)
