@@ -66,7 +66,9 @@ void addPairs(const std::string& name, const std::function<void(benchmark::State
 }
 
 void Steps::time(const std::string& name, const std::function<void()>& step) {
-    seconds_[name].push_back(timeOf(step).seconds);
+    const Taken taken = timeOf(step);
+    seconds_[name + "_ms"].push_back(taken.seconds);
+    seconds_[name + "_cpu_ms"].push_back(taken.processor);
 }
 
 void Steps::report(benchmark::State& state) const {

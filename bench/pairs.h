@@ -20,7 +20,8 @@ void runPairs(benchmark::State& state, const std::function<void()>& ours, const 
 /// The limit that the ratio is to keep stands in the name, so that a reader of the output sees both.
 void addPairs(const std::string& name, const std::function<void(benchmark::State&)>& body);
 
-/// Steps of one work that have no rival: the median of each is reported in milliseconds under its name.
+/// Steps of one work that have no rival: the median of each is reported in milliseconds under its name, of the time
+/// that went by and of this process's own.
 class Steps {
 public:
     void time(const std::string& name, const std::function<void()>& step);

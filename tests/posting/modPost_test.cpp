@@ -3,6 +3,7 @@
 #include "ado/convert.h"
 #include "core/frmConfirm.h"
 #include "posting/modMath.h"
+#include "support/recording_engine.h"
 #include "support/test_session.h"
 
 namespace zel::posting {
@@ -68,6 +69,21 @@ TEST_P(PostPersonTest, TakesAKeyReadsThePersonAndChecksBeforeItWrites) {
     EXPECT_EQ(sent[3], "SELECT * FROM  Persons WHERE  PersonID=1"); // Class
     EXPECT_EQ(sent[4], "SELECT * FROM  qrySelectPersonnel WHERE  PersonID=1");
     EXPECT_EQ(sent[5].substr(0, 68), "SELECT * FROM PersonsPost WHERE PersonsPostID<>1 AND PersonID=1 AND ");
+}
+
+TEST_P(PostPersonTest, NoStatementIsPreparedTwice) {
+    auto engine = std::make_unique<test::RecordingEngine>(database().open());
+    const auto log = engine->log();
+    session().gConnection = std::make_shared<ado::Connection>(std::move(engine));
+    log->recording = true;
+    for (const char* start : {"8:00 AM", "10:00 AM", "12:00 PM"}) {
+        EXPECT_TRUE(post(start, "1:00 PM", 1));
+        EXPECT_TRUE(post(start, "1:00 PM", 2));
+        execute("Delete from PersonsPost");
+    }
+    EXPECT_GT(log->runs.size(), 6 * 7U);
+    for (const auto& [text, times] : log->prepared)
+        EXPECT_EQ(times, 1) << text;
 }
 
 TEST_P(PostPersonTest, AReturnTravelDayHasNoStopAndOneMinuteOfHours) {
