@@ -308,7 +308,7 @@ void frmIncidents::endSave() {
     fRebindIncident();
     if (shell != nullptr)
         shell->showIncident();
-    forms::focusFirstEntry(*this, &tabAE);
+    mskIncident(fields.front().index.at(static_cast<std::size_t>(tabAE.CurrTab()))).SetFocus();
 }
 
 void frmIncidents::fAddAccountingCode(std::int32_t IncidentID, const std::string& AccountingCode) {
