@@ -39,6 +39,7 @@ function(zel_test name)
   set(properties TIMEOUT 300)
   if("zel_test_support" IN_LIST ARG_DEPENDS OR "zel_test_server" IN_LIST ARG_DEPENDS)
     list(APPEND properties FIXTURES_REQUIRED zel_test_run ENVIRONMENT "ZEL_TEST_RUN=${ZEL_TEST_RUN_NOTE}")
+    add_dependencies(${name} zel_test_run) # so that ctest can run one program of tests when only that was built
   endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES ${properties})
 endfunction()
