@@ -40,6 +40,9 @@ void frmConfirm::fill(const Question& question) {
         cmdResponse(index).setVisible(!face.empty());
         cmdResponse(index).setDefault(index == question.defaultButton && !face.empty());
     }
+    // Enter presses the button with the focus, which is why the default has it.
+    if (question.defaultButton >= 0 && question.defaultButton < cmdResponse.Count())
+        cmdResponse(question.defaultButton).SetFocus();
 }
 
 void frmConfirm::respond(int index) {

@@ -164,11 +164,11 @@ void ShellView::makeSelectorKeys() {
 }
 
 void ShellView::toSelector(int box) {
-    const QWidget* selector = window_.findChild<QWidget*>(QStringLiteral("dbcIncident_%1").arg(box));
+    auto* selector = window_.findChild<QWidget*>(QStringLiteral("dbcIncident_%1").arg(box));
     if (selector->hasFocus() && toScreen)
         toScreen();
     else
-        desk_.act([this, box](forms::User& user) { return user.moveFocus(shell_.dbcIncident(box)); });
+        selector->setFocus(Qt::ShortcutFocusReason);
 }
 
 /// The strip that says so while all incidents are managed as one.

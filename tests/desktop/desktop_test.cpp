@@ -77,8 +77,12 @@ void DesktopTest::whenBoxOpens(std::function<void(QWidget& box)> action) {
     watch->setInterval(1);
     QObject::connect(watch, &QTimer::timeout, watch, [watch, action = std::move(action)] {
         QWidget* box = QApplication::activeModalWidget();
-        if (box == nullptr || !box->isAncestorOf(QApplication::focusWidget()))
-            return; // keys would go astray
+        if (box == nullptr)
+            return;
+        if (!box->isAncestorOf(QApplication::focusWidget())) {
+            QApplication::setActiveWindow(box); // as the desktop does, sooner or later; keys would go astray
+            return;
+        }
         watch->stop();
         watch->deleteLater();
         action(*box);
