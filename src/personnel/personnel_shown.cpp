@@ -207,6 +207,7 @@ void frmPersonnel::clear(const Side& side) {
 
 void frmPersonnel::fClearPersonnelAdd() {
     clear(addSide);
+    tabPersDetail(addSide.page).setCurrTab(0); // the address; who is paid how is not known yet
     // The next person is most often one of the same incident.
     if (session.gManageAll)
         session.gAccountingID = -1;

@@ -84,6 +84,7 @@ TEST_P(PersonnelAdd, TheHandRatedClassKeepsTheTypedRate) {
     type(screen().mskPayInfo(2), "41.25");
     save(addSide);
     EXPECT_THAT(pay(), ElementsAre("AD|True|False|SALEM|CONUS|AD-5|41.25"));
+    EXPECT_EQ(screen().tabPersDetail(0).CurrTab(), 0) << "the pay page is closed to the next person until AD is chosen";
 }
 
 TEST_P(PersonnelAdd, AnOtherPersonHasTheRateAlone) {
