@@ -253,6 +253,9 @@ void frmPost::postPerson() {
         fClearPersonPost();
     fRebindCurrentPerson();
     mskPost(dateBox).SetFocus();
+    // A ticket that was not posted stays; the next one is typed over it.
+    if (!mskPost(dateBox).ClipText().empty())
+        mskPost(dateBox).selectAll();
 }
 
 } // namespace zel::posting

@@ -217,6 +217,17 @@ TEST_P(PostScreenTest, AClashAnsweredWithNoKeepsTheFieldsFilled) {
     EXPECT_EQ(screen().cboTime(1).Text(), "20:00");
 }
 
+TEST_P(PostScreenTest, AfterARefusedTicketTheNextDateIsTypedOverTheOldOne) {
+    program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,StartTime,StopTime,FinalCol) values "
+                    "(50,1,'7/4/2005','1899-12-30 10:00:00','1899-12-30 12:00:00',0)");
+    choose("DOE");
+    program.dialogs.answer("No");
+    EXPECT_EQ(program.user.keys(screen().mskPost(0), "07042005{Tab}0800{Tab}2000{Enter}").refusal, "");
+    EXPECT_EQ(program.user.keys(screen().mskPost(0), "07052005{Tab}0900{Tab}1100{Enter}").refusal, "");
+    EXPECT_EQ(posts().size(), 2U);
+    EXPECT_EQ(screen().mskPost(0).ClipText(), "") << "posted, and ready for the next ticket";
+}
+
 TEST_P(PostScreenTest, OnlyThePersonsOwnRowsAreRead) {
     program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (50,1,'7/4/2005',0)");
     program.execute("insert into PersonsPost (PersonsPostID,PersonID,ActivityDT,FinalCol) values (51,1,'7/3/2005',0)");
