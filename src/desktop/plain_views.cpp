@@ -160,7 +160,7 @@ void TabView::pageChosen(int page) {
     const QPointer<TabView> self(this);
     const bool stays = face_.tabBar()->hasFocus(); // the arrow keys lead on from tab to tab
     act([page, stays](forms::User& user, forms::Control& strip) {
-        const auto outcome = user.selectTab(strip, page);
+        auto outcome = user.selectTab(strip, page);
         if (outcome && !stays)
             forms::focusFirstEntry(strip.form(), &strip);
         return outcome;

@@ -22,6 +22,7 @@ bool isReachable(const Control& control) {
 
 void setTabOrder(const std::vector<Control*>& order) {
     std::vector<int> places;
+    places.reserve(order.size());
     for (const Control* control : order)
         places.push_back(control->TabIndex());
     std::sort(places.begin(), places.end());
