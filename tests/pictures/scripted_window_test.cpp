@@ -2,6 +2,7 @@
 
 #include "core/start_up.h"
 #include "runner/runner.h"
+#include "support/test_database.h"
 
 #include <QApplication>
 #include <QImage>
@@ -41,7 +42,7 @@ protected:
         setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
         fs::create_directories(folder_ / "zel");
         fs::create_directories(folder_ / "database");
-        fs::copy_file(ZEL_DEMO_DATABASE, folder_ / "database" / "Korvan.mdb");
+        fs::copy_file(demo_.file(), folder_ / "database" / "Korvan.mdb");
     }
     ~ScriptedWindowTest() override {
         std::error_code ignored;
@@ -66,6 +67,7 @@ protected:
     int status_ = -1;
 
 private:
+    test::TestDatabase demo_{ado::EngineKind::Sqlite, test::Content::Demo};
     fs::path folder_;
 };
 
