@@ -115,21 +115,25 @@ void Tablon::open(const Request& request) {
         suite::openEngine(session_.gServerName, session_.gCatalogName, {request.user, request.password})));
 }
 
-bool Tablon::readTimeReport(reports::modRpt& engine, const Request& request, std::vector<Posting>& postings) {
+std::optional<Tablon::TimeReport> Tablon::readTimeReport(reports::modRpt& engine, const Request& request) {
     reports::ReportValues values;
     values.FinalFlag = request.flag;
     for (int attempt = 0; attempt < patience; ++attempt) {
         if (!engine.GetSQLRS(timeReport, values))
-            return false;
-        if (engine.rsRpt->RecordCount() == 0)
-            return true;
-        postings = readPostings(session_.connection(), request);
-        if (misplaced(postings).empty())
-            return true;
-        arrangeColumns(session_.connection(), request);
+            return std::nullopt;
+        TimeReport report;
+        report.layout = engine.crxReport->parsed();
+        report.data = engine.data(report.layout);
+        if (report.data.main.rows.empty())
+            return report;
+        report.postings = readPostings(session_.connection(), request);
+        if (!misplaced(report.postings).empty())
+            arrangeColumns(session_.connection(), request);
+        else if (showsAsTheyAre(report.data.main, report.postings))
+            return report;
     }
     tell(Outcome::Failed, "Hours are being posted for these people just now. Please print again.", Icon::Exclamation);
-    return false;
+    return std::nullopt;
 }
 
 Outcome Tablon::print(const Request& request, const reports::modRpt& engine, const printing::Layout& layout,
@@ -151,16 +155,14 @@ Outcome Tablon::printPlain(const Request& request) {
 
 Outcome Tablon::printTimeReport(const Request& request) {
     reports::modRpt engine(session_);
-    std::vector<Posting> postings;
-    if (!readTimeReport(engine, request, postings))
+    std::optional<TimeReport> report = readTimeReport(engine, request);
+    if (!report)
         return Outcome::Failed;
     tellOfPostingsWithoutAccount(request);
-    const printing::Layout layout = engine.crxReport->parsed();
-    printing::ReportData data = engine.data(layout);
-    if (data.main.rows.empty())
+    if (report->data.main.rows.empty())
         return tell(Outcome::NothingToPrint, nothingOf(request), Icon::Information);
-    addTimeReportFields(data.main, postings, kindsOf(session_.connection()));
-    return print(request, engine, layout, data);
+    addTimeReportFields(report->data.main, report->postings, kindsOf(session_.connection()));
+    return print(request, engine, report->layout, report->data);
 }
 
 /// The form's statement leaves them out, and nobody may be paid short without a word.

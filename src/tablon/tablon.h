@@ -13,6 +13,7 @@
 #include "tablon/request.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,8 +50,13 @@ private:
     /// A report that shows what its statements read.
     Outcome printPlain(const Request& request);
     Outcome printTimeReport(const Request& request);
-    /// The rows, with every posting in its column.
-    bool readTimeReport(reports::modRpt& engine, const Request& request, std::vector<Posting>& postings);
+    struct TimeReport {
+        printing::Layout layout;
+        printing::ReportData data;
+        std::vector<Posting> postings;
+    };
+    /// The rows, with every posting in its column. Nothing when it was told why not.
+    std::optional<TimeReport> readTimeReport(reports::modRpt& engine, const Request& request);
     void tellOfPostingsWithoutAccount(const Request& request);
     Outcome print(const Request& request, const reports::modRpt& engine, const printing::Layout& layout,
                   const printing::ReportData& data);

@@ -3,6 +3,7 @@
 #include "ado/convert.h"
 #include "ado/error.h"
 
+#include <algorithm>
 #include <cmath>
 #include <unordered_map>
 
@@ -48,6 +49,25 @@ std::string inWords(const std::string& kind, const std::map<std::string, std::st
 }
 
 } // namespace
+
+bool showsAsTheyAre(const printing::Rows& rows, const std::vector<Posting>& postings) {
+    std::unordered_map<std::int32_t, const Posting*> byId;
+    for (const Posting& posting : postings)
+        byId.emplace(posting.id, &posting);
+    const std::size_t id = indexOf(rows, "PersonsPostID"), column = indexOf(rows, "Column288"),
+                      order = indexOf(rows, "RptOrder"), account = indexOf(rows, "AccountingID"),
+                      personsClass = indexOf(rows, "Class"), rate = indexOf(rows, "Rate");
+    return std::ranges::all_of(rows.rows, [&](const std::vector<ado::Value>& row) {
+        const auto found = byId.find(ado::toLong(row[id]));
+        if (found == byId.end() || row[column].isEmpty() || row[order].isEmpty())
+            return false;
+        const Posting& posting = *found->second;
+        return posting.column == ado::toLong(row[column]) && posting.order == ado::toLong(row[order]) &&
+               posting.account == ado::toLong(row[account]) &&
+               posting.personsClass == ado::trim(ado::toText(row[personsClass])) &&
+               posting.rate == (row[rate].isEmpty() ? ado::Currency() : ado::toCurrency(row[rate]));
+    });
+}
 
 ado::Currency amountOf(double hours, ado::Currency rate) {
     const double cents = hours * static_cast<double>(rate.ticks()) / ticksPerCent;

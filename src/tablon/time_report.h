@@ -18,6 +18,10 @@ namespace zel::tablon {
 void addTimeReportFields(printing::Rows& rows, const std::vector<Posting>& postings,
                          const std::map<std::string, std::string>& kinds);
 
+/// Whether the rows show these postings as they are: each in the column, place, account, class and at the rate that the
+/// posting has. Somebody may have written between the two readings.
+[[nodiscard]] bool showsAsTheyAre(const printing::Rows& rows, const std::vector<Posting>& postings);
+
 /// Hours times rate in cents, half a cent up.
 [[nodiscard]] ado::Currency amountOf(double hours, ado::Currency rate);
 

@@ -57,6 +57,27 @@ TEST(TimeReportTest, KindsAreThoseOfThePostingAndOfThePersonNotOfTheCrew) {
     EXPECT_THAT(valuesOf(rows, "Position"), ElementsAre("FFT2 Firefighter Type 2", "FFT2 Firefighter Type 2"));
 }
 
+TEST(TimeReportTest, RowsReadBeforeAPostingWasPlacedOrMendedAreOld) {
+    Posting posting;
+    posting.id = 1;
+    posting.account = 7;
+    posting.personsClass = "AD-3";
+    posting.rate = ado::Currency::fromDecimal("18.20");
+    posting.column = 2;
+    posting.order = 5;
+    using Row = std::vector<ado::Value>;
+    const auto fresh = [&posting](Row row) {
+        return showsAsTheyAre(
+            {{"PersonsPostID", "Column288", "RptOrder", "AccountingID", "Class", "Rate"}, {std::move(row)}}, {posting});
+    };
+    const auto rate = ado::Currency::fromDecimal("18.20");
+    EXPECT_TRUE(fresh({1, 2, 5, 7, "AD-3", rate}));
+    for (const Row& old : {Row{2, 2, 5, 7, "AD-3", rate}, Row{1, 1, 5, 7, "AD-3", rate}, Row{1, 2, 4, 7, "AD-3", rate},
+                           Row{1, 2, 5, 8, "AD-3", rate}, Row{1, 2, 5, 7, "AD-4", rate}, Row{1, 2, 5, 7, "AD-3", {}},
+                           Row{1, {}, 5, 7, "AD-3", rate}, Row{1, 2, {}, 7, "AD-3", rate}})
+        EXPECT_FALSE(fresh(old));
+}
+
 TEST(TimeReportTest, AStatementWithoutAFieldIsAnError) {
     printing::Rows rows;
     EXPECT_THROW(addTimeReportFields(rows, {}, {}), ado::Error);
