@@ -5,6 +5,7 @@
 #include "forms/form_registry.h"
 
 #include <QFontMetrics>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QTimer>
 
@@ -133,6 +134,20 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     default:
         return false;
     }
+}
+
+std::optional<bool> ControlView::typed(QEvent& event) {
+    if (event.type() == QEvent::ShortcutOverride) {
+        if (keyOf(static_cast<QKeyEvent&>(event)) != 0)
+            event.accept();
+        return false;
+    }
+    if (event.type() != QEvent::InputMethod)
+        return std::nullopt;
+    const QString committed = static_cast<QInputMethodEvent&>(event).commitString();
+    for (const uint character : committed.toUcs4())
+        act([character](forms::User& user, forms::Control& box) { return user.key(box, static_cast<int>(character)); });
+    return true;
 }
 
 int keyOf(const QKeyEvent& event) {

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace zel::desktop {
 
@@ -31,6 +32,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     /// A key that the widget does not handle by itself. False: the widget takes it.
     virtual bool keyPressed(const QKeyEvent& event);
+    /// What boxes of text have in common: plain characters and editing keys are the box's own, not the menus', and a
+    /// composed character is typed. Nothing when the event is none of these.
+    std::optional<bool> typed(QEvent& event);
     /// Sends what the widget does with mouse and keyboard to the control as well.
     void watch(QWidget& part);
     bool act(const std::function<forms::Outcome(forms::User&, forms::Control&)>& action);

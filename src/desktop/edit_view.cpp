@@ -10,7 +10,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -220,20 +219,8 @@ bool EditView::keyPressed(const QKeyEvent& event) {
 bool EditView::eventFilter(QObject* watched, QEvent* event) {
     if (control() == nullptr)
         return false;
-    if (event->type() == QEvent::ShortcutOverride) {
-        // Plain characters and editing keys are the box's own; shortcuts with Alt and Ctrl stay with the menus.
-        if (keyOf(*static_cast<QKeyEvent*>(event)) != 0)
-            event->accept();
-        return false;
-    }
-    if (event->type() == QEvent::InputMethod) {
-        const QString committed = static_cast<QInputMethodEvent*>(event)->commitString();
-        for (const uint character : committed.toUcs4())
-            act([character](forms::User& user, forms::Control& box) {
-                return user.key(box, static_cast<int>(character));
-            });
-        return true;
-    }
+    if (const std::optional<bool> done = typed(*event))
+        return *done;
     if (event->type() == QEvent::MouseButtonRelease && static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton) {
         paste(QGuiApplication::clipboard()->text(QClipboard::Selection));
         return true;

@@ -5,7 +5,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QTextCursor>
@@ -120,19 +119,8 @@ bool MemoView::keyPressed(const QKeyEvent& event) {
 bool MemoView::eventFilter(QObject* watched, QEvent* event) {
     if (control() == nullptr)
         return false;
-    if (event->type() == QEvent::ShortcutOverride) {
-        if (keyOf(*static_cast<QKeyEvent*>(event)) != 0)
-            event->accept();
-        return false;
-    }
-    if (event->type() == QEvent::InputMethod) {
-        const QString committed = static_cast<QInputMethodEvent*>(event)->commitString();
-        for (const uint character : committed.toUcs4())
-            act([character](forms::User& user, forms::Control& box) {
-                return user.key(box, static_cast<int>(character));
-            });
-        return true;
-    }
+    if (const std::optional<bool> done = typed(*event))
+        return *done;
     return ControlView::eventFilter(watched, event);
 }
 

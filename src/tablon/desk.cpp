@@ -1,12 +1,12 @@
 #include "tablon/desk.h"
 
+#include "desktop/box_icon.h"
 #include "printing/new_file.h"
 #include "printing/pdf.h"
 #include "tablon/private_folder.h"
 
 #include <QDesktopServices>
 #include <QElapsedTimer>
-#include <QMessageBox>
 #include <QProgressDialog>
 #include <QUrl>
 
@@ -20,22 +20,6 @@
 namespace zel::tablon {
 
 namespace {
-
-QMessageBox::Icon iconOf(forms::Icon icon) {
-    switch (icon) {
-    case forms::Icon::Critical:
-        return QMessageBox::Critical;
-    case forms::Icon::Question:
-        return QMessageBox::Question;
-    case forms::Icon::Exclamation:
-        return QMessageBox::Warning;
-    case forms::Icon::Information:
-        return QMessageBox::Information;
-    case forms::Icon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
-}
 
 /// Tells how far a long print is: in a window that comes when it takes more than a moment, or in
 /// lines where somebody reads them.
@@ -83,8 +67,8 @@ bool choosePlatform(bool quiet) {
 
 forms::Answer Desk::showMessage(const forms::MessageBox& box) {
     if (windows_) {
-        QMessageBox window(iconOf(box.icon), QString::fromStdString(box.title), QString::fromStdString(box.text),
-                           QMessageBox::Ok);
+        QMessageBox window(desktop::iconOf(box.icon), QString::fromStdString(box.title),
+                           QString::fromStdString(box.text), QMessageBox::Ok);
         window.exec();
     } else {
         std::string text = box.title + ": " + box.text;
