@@ -16,7 +16,7 @@ namespace {
 
 using forms::Icon;
 
-constexpr int timeReport = 6, commissaryAuthorization = 9;
+constexpr int timeReport = 6, commissaryAuthorization = 9, crewRoster = 12;
 /// Clerks who post while the report is read make it read again; more than a few times is no chance meeting.
 constexpr int patience = 5;
 
@@ -82,7 +82,7 @@ Outcome Tablon::run(const std::string& argument) {
 }
 
 Outcome Tablon::carryOut(const Request& request) {
-    if (request.report != timeReport && request.report != commissaryAuthorization)
+    if (request.report != timeReport && request.report != commissaryAuthorization && request.report != crewRoster)
         return tell(Outcome::NotInThisBuild,
                     "Report " + std::to_string(request.report) + " is not part of this build of the reporting program.",
                     Icon::Information);

@@ -139,6 +139,18 @@ TEST_P(TablonTest, AnAuthorizationIsForSomebody) {
     EXPECT_EQ(shown[2].text, "There is nobody to print.");
 }
 
+TEST_P(TablonTest, ARosterIsThatOfOneCrew) {
+    EXPECT_EQ(run(argument("R5", 12)), Outcome::Printed);
+    EXPECT_THAT(names, ElementsAre("Crew Roster R5"));
+    EXPECT_EQ(run(argument("R99", 12)), Outcome::NothingToPrint);
+    EXPECT_EQ(run(argument("0", 12)), Outcome::Failed);
+    const auto shown = dialogs.take();
+    ASSERT_THAT(shown, SizeIs(2));
+    EXPECT_EQ(shown[0].text, "Resource 99 has nobody to print.");
+    EXPECT_EQ(shown[1].text, "No Crew Selected");
+    EXPECT_EQ(shown[1].icon, "information");
+}
+
 TEST_P(TablonTest, WhatItCannotDoItTellsInABox) {
     postings();
     EXPECT_EQ(run("nonsense"), Outcome::BadArgument);
