@@ -6,7 +6,6 @@
 #include "tablon/private_folder.h"
 
 #include <QDesktopServices>
-#include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QUrl>
 
@@ -21,32 +20,27 @@ namespace zel::tablon {
 
 namespace {
 
-/// Tells how far a long print is: in a window that comes when it takes more than a moment, or in
-/// lines where somebody reads them.
+/// Tells how far a long print is: in a window that comes when it takes more than a moment, or without windows in a line
+/// for every hundred pages, where somebody reads it. Other programs take standard error for what went wrong.
 class Progress {
 public:
     Progress(bool window, std::size_t pages) : pages_(pages) {
         if (window)
             window_ =
                 std::make_unique<QProgressDialog>(QStringLiteral("Printing"), QString(), 0, static_cast<int>(pages));
-        sinceLine_.start();
     }
     void operator()(std::size_t done) {
+        constexpr std::size_t pagesALine = 100;
         if (window_)
             window_->setValue(static_cast<int>(done));
-        else if (inLines_ && sinceLine_.elapsed() > lineMilliseconds) {
+        else if (inLines_ && done % pagesALine == 0)
             std::cerr << "Tablon: page " << done << " of " << pages_ << std::endl;
-            sinceLine_.restart();
-        }
     }
 
 private:
-    static constexpr qint64 lineMilliseconds = 250;
-
     std::size_t pages_;
-    bool inLines_ = false;
+    bool inLines_ = ::isatty(STDERR_FILENO) != 0;
     std::unique_ptr<QProgressDialog> window_;
-    QElapsedTimer sinceLine_;
 };
 
 bool isSet(const char* name) {

@@ -158,6 +158,18 @@ TEST_P(TablonProgramTest, TwoThatPrintTheSamePeopleAtOnceBothPrint) {
         ElementsAre("11|1|51|51", "11|2|50|50", "12|1|50|50", "12|2|50|50", "13|1|50|50", "13|2|50|50"));
 }
 
+TEST_P(TablonProgramTest, ALongPrintTellsHowFarItIs) {
+    execute("delete from PersonsPost");
+    for (int i = 0; i < 1200; ++i) // one account after the other makes a column each, four of them a sheet
+        post(300 + i, 11, 1 + i % 28, "08:00", "16:00", 8, "1,'K" + std::to_string(i) + "','',18.20");
+    const std::string file = (folder / "out" / "OF-288 P11").string();
+    const std::string onTerminal = "script -qec \"" + commandOf(argument("P11")) + "\" /dev/null";
+    EXPECT_EQ(outputOf(onTerminal).second, "Tablon: page 100 of 300\r\nTablon: page 200 of 300\r\n"
+                                           "Tablon: page 300 of 300\r\n" +
+                                               file + ".pdf\r\n");
+    EXPECT_EQ(run(argument("P11")).second, file + " (2).pdf\n");
+}
+
 TEST_P(TablonProgramTest, LettersThatTheFontDoesNotHaveAndLineEndsAreNoTrouble) {
     execute("update Persons set LastName='GARC\u00cdA', FirstName='\u5c71\nJO' where PersonID=11");
     ASSERT_EQ(run(argument("P11")).first, 0);
