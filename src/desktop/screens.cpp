@@ -131,6 +131,8 @@ void Screens::unloaded(forms::Form& form) {
     FormView* view = found->view.release();
     shown_.erase(found);
     view->detach();
+    if (shell_)
+        shell_->removeScreen(*view->widget());
     view->widget()->hide();
     view->deleteLater(); // one of its widgets may be telling of a click just now
 }

@@ -204,6 +204,10 @@ void ShellView::showScreen(QWidget& page) {
     screens_->setCurrentWidget(&page);
 }
 
+void ShellView::removeScreen(QWidget& page) {
+    screens_->removeWidget(&page);
+}
+
 void ShellView::popup(forms::Menu& menu, const QPoint& place) {
     QMenu shown(&window_);
     fill(shown, menu);

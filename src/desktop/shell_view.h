@@ -34,6 +34,8 @@ public:
     /// Puts a screen into the middle, its title above it; gives what was put there.
     QWidget* addScreen(QWidget& widgets, const QString& title);
     void showScreen(QWidget& page);
+    /// The page of a screen that is no longer there; behind the last one stands what to do next.
+    void removeScreen(QWidget& page);
     void popup(forms::Menu& menu, const QPoint& place);
     /// Gives the focus back to the screen in front.
     std::function<void()> toScreen;

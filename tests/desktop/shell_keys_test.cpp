@@ -5,6 +5,7 @@
 #include "forms/vs_index_tab.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -60,6 +61,17 @@ TEST_P(ShellKeys, KeysAndScreenButtonsOpenTheirScreens) {
     EXPECT_TRUE(shell().optMenu(4).value());
     press(Qt::Key_1, Qt::AltModifier);
     EXPECT_EQ(front(), "frmPersonnel");
+}
+
+TEST_P(ShellKeys, WhereNoScreenIsItSaysWhatToDo) {
+    press(Qt::Key_F6);
+    const auto* hint = window().findChild<QLabel*>(QStringLiteral("decoNoScreen"));
+    EXPECT_FALSE(hint->isVisible());
+    press(Qt::Key_3, Qt::AltModifier); // contracts, which have no screen
+    EXPECT_EQ(front(), "");
+    EXPECT_TRUE(hint->isVisible());
+    press(Qt::Key_F3);
+    EXPECT_FALSE(hint->isVisible());
 }
 
 TEST_P(ShellKeys, AMenuIsOpenedAndItsEntryChosenByLetters) {
