@@ -533,7 +533,7 @@ TEST_F(Viewer, PaperStaysWhiteInDarkColours) {
 }
 
 TEST_F(Viewer, ALongReportIsShownAsFastAsAShortOne) {
-    // The best of several: other programs want the machine as well.
+    // The best of several, and a limit far off: other programs want the machine as well.
     const auto painted = [this] {
         qint64 best = std::numeric_limits<qint64>::max();
         for (int times = 0; times < 15; ++times) {
@@ -547,7 +547,7 @@ TEST_F(Viewer, ALongReportIsShownAsFastAsAShortOne) {
     open(3);
     const auto few = painted();
     open(3000);
-    EXPECT_LT(painted(), 5 * few);
+    EXPECT_LT(painted(), 100 * few); // all pages would take a thousand times as long
     search("page 2999 of");
     EXPECT_EQ(shown().currentPage(), 2998U);
 }
