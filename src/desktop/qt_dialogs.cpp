@@ -1,5 +1,4 @@
 #include "desktop/qt_dialogs.h"
-#include "desktop/box_icon.h"
 
 #include "desktop/icons.h"
 #include "desktop/qt_text.h"
@@ -48,6 +47,22 @@ std::vector<Choice> choicesOf(forms::Buttons buttons) {
         break;
     }
     return {{Answer::Yes, "&Yes"}, {Answer::No, "&No"}, {Answer::Cancel, "Cancel"}};
+}
+
+QMessageBox::Icon iconOf(forms::Icon icon) {
+    switch (icon) {
+    case forms::Icon::Critical:
+        return QMessageBox::Critical;
+    case forms::Icon::Question:
+        return QMessageBox::Question;
+    case forms::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case forms::Icon::Information:
+        return QMessageBox::Information;
+    case forms::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
 }
 
 /// The name of the icon's drawing, sharp at any scale.

@@ -1,11 +1,11 @@
 #include "tablon/desk.h"
 
-#include "desktop/box_icon.h"
 #include "printing/new_file.h"
 #include "printing/pdf.h"
 #include "tablon/private_folder.h"
 
 #include <QDesktopServices>
+#include <QMessageBox>
 #include <QProgressDialog>
 #include <QUrl>
 
@@ -19,6 +19,13 @@
 namespace zel::tablon {
 
 namespace {
+
+/// It asks nothing, so there are three.
+QMessageBox::Icon iconOf(forms::Icon icon) {
+    if (icon == forms::Icon::Critical)
+        return QMessageBox::Critical;
+    return icon == forms::Icon::Exclamation ? QMessageBox::Warning : QMessageBox::Information;
+}
 
 /// Tells how far a long print is: in a window that comes when it takes more than a moment, or without windows in a line
 /// for every hundred pages, where somebody reads it. Other programs take standard error for what went wrong.
@@ -61,8 +68,8 @@ bool choosePlatform(bool quiet) {
 
 forms::Answer Desk::showMessage(const forms::MessageBox& box) {
     if (windows_) {
-        QMessageBox window(desktop::iconOf(box.icon), QString::fromStdString(box.title),
-                           QString::fromStdString(box.text), QMessageBox::Ok);
+        QMessageBox window(iconOf(box.icon), QString::fromStdString(box.title), QString::fromStdString(box.text),
+                           QMessageBox::Ok);
         window.exec();
     } else {
         std::string text = box.title + ": " + box.text;
