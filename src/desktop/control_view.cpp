@@ -150,6 +150,19 @@ std::optional<bool> ControlView::typed(QEvent& event) {
     return true;
 }
 
+bool isScreenKey(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return true;
+    default:
+        return false;
+    }
+}
+
 int keyOf(const QKeyEvent& event) {
     static const std::map<int, int> named{{Qt::Key_Backspace, keys::backspace},
                                           {Qt::Key_Tab, keys::tab},

@@ -58,6 +58,8 @@ private:
 
 /// The key as the controls name it; 0 for a key that is none of theirs.
 [[nodiscard]] int keyOf(const QKeyEvent& event);
+/// Whether the key is the screen's own in a list or a grid as well: it leaves the box, presses the default, or cancels.
+[[nodiscard]] bool isScreenKey(const QKeyEvent& event);
 /// A width in twips, which are meant for a small font, in pixels of the widget's font.
 [[nodiscard]] int pixels(int twips, const QWidget& widget);
 /// The name of the widget that shows the control: "cmdSave_0".

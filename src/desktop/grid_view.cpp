@@ -290,13 +290,9 @@ bool GridView::keyPressed(const QKeyEvent& event) {
         copy();
         return true;
     }
-    switch (event.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Escape:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+    if (isScreenKey(event))
         return ControlView::keyPressed(event);
+    switch (event.key()) {
     case Qt::Key_Delete:
         if (grid_.AllowDelete)
             act([](forms::User& user, forms::Control& grid) { return user.deleteRow(grid); });

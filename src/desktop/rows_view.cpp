@@ -120,16 +120,7 @@ void RowsView::rowsMarked() {
 }
 
 bool RowsView::keyPressed(const QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Escape:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return ControlView::keyPressed(event);
-    default:
-        return false;
-    }
+    return isScreenKey(event) && ControlView::keyPressed(event);
 }
 
 } // namespace zel::desktop

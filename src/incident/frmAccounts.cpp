@@ -10,6 +10,7 @@
 #include "core/session.h"
 #include "core/suite.h"
 #include "forms/form_registry.h"
+#include "incident/entry_frame.h"
 #include "services/list_columns.h"
 #include "services/list_rows.h"
 
@@ -73,12 +74,7 @@ frmAccounts::frmAccounts(core::Session& state) : Screen(state, "frmAccounts") {
     dbcIncident.LostFocus = handler([this] { takeIncident(); });
     dbcIncident.ItemChange = handler([this] { takeIncident(); });
     cmdSave.Click = handler([this] { save(); });
-    cmdClose.Click = handler([this] {
-        if (fraAE.Visible())
-            fraAE.setVisible(false);
-        else
-            Unload();
-    });
+    cmdClose.Click = handler([this] { closeEntry(*this, fraAE); });
 }
 
 void frmAccounts::makeGrid() {

@@ -6,6 +6,7 @@
 #include "core/modData.h"
 #include "core/session.h"
 #include "core/suite.h"
+#include "incident/entry_frame.h"
 #include "services/masked_value.h"
 
 namespace zel::incident {
@@ -32,12 +33,7 @@ frmAdminOffice::frmAdminOffice(core::Session& state) : Screen(state, "frmAdminOf
     LoadEvent = always([this] { tbFormOpen(); });
     cmdAE.on(&forms::CommandButton::Click, [this](int index) { handler([this, index] { openEntry(index); })(); });
     cmdSave.Click = handler([this] { save(); });
-    cmdClose.Click = handler([this] {
-        if (fraAE.Visible())
-            fraAE.setVisible(false);
-        else
-            Unload();
-    });
+    cmdClose.Click = handler([this] { closeEntry(*this, fraAE); });
 }
 
 void frmAdminOffice::makeGrid() {
