@@ -49,6 +49,16 @@ protected:
 };
 ZEL_ON_BOTH_ENGINES(AccountsTest);
 
+TEST_P(AccountsTest, CloseEndsTheEntryFirstAndThenTheScreen) {
+    openWithTwoCodes();
+    click(screen().cmdAE(0));
+    click(screen().cmdClose);
+    EXPECT_FALSE(screen().fraAE.Visible());
+    ASSERT_NE(program.forms.loaded("frmAccounts"), nullptr);
+    click(screen().cmdClose);
+    EXPECT_EQ(program.forms.loaded("frmAccounts"), nullptr);
+}
+
 TEST_P(AccountsTest, TheFirstCodeIsTheDefaultAndTheBoxCannotBeCleared) {
     open();
     click(screen().cmdAE(0));

@@ -28,6 +28,15 @@ protected:
 };
 ZEL_ON_BOTH_ENGINES(AdminOfficeTest);
 
+TEST_P(AdminOfficeTest, CloseEndsTheEntryFirstAndThenTheScreen) {
+    click(screen().cmdAE(0));
+    click(screen().cmdClose);
+    EXPECT_FALSE(screen().fraAE.Visible());
+    ASSERT_NE(program.forms.loaded("frmAdminOffice"), nullptr);
+    click(screen().cmdClose);
+    EXPECT_EQ(program.forms.loaded("frmAdminOffice"), nullptr);
+}
+
 TEST_P(AdminOfficeTest, ANewOfficeIsWrittenAsDisplayed) {
     click(screen().cmdAE(0));
     EXPECT_EQ(screen().lblAE.Caption(), "  Add Office Information");
